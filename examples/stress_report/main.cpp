@@ -1,0 +1,243 @@
+// Reads a solver's result file, tells what is in it and where it moves most, turns the model, and keeps points and
+// matrix in a model stream that it reads back and compares.
+
+#include "../support/host_ReadFile.h"
+#include "../support/host_Session.h"
+#include "frd_Reader.h"
+#include "host_WriteFile.h"
+
+#include <base/bio_Ifilter.h>
+#include <base/bio_Ofilter.h>
+#include <base/cls_MetadataRegistrar.h>
+#include <gsl/gsl_Matrix.h>
+#include <gsl/gsl_PersistentMatrix.h>
+#include <gsl/gsl_Point.h>
+#include <gsl/gsl_Vector.h>
+#include <idb/idb_Dump.h>
+#include <idb/idb_ReadObject.h>
+#include <idb/idb_WriteObject.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <iomanip>
+#include <iostream>
+#include <map>
+#include <numbers>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr int badCall = 1;
+constexpr int badFile = 2;
+
+struct Options {
+    std::filesystem::path results;
+    std::filesystem::path stream = "stress_report.stream";
+};
+
+struct Extents {
+    gsl_Point low;
+    gsl_Point high;
+};
+
+/// What of the model is kept in the stream.
+struct Kept {
+    gsl_PersistentMatrix matrix;
+    std::vector<gsl_Point> points;
+};
+
+std::vector<gsl_Point> PointsOf(const frd_Model& model) {
+    std::vector<gsl_Point> points;
+    points.reserve(model.nodes.size());
+    for (const frd_Node& node : model.nodes) points.emplace_back(node.position);
+    return points;
+}
+
+/// Of at least one point.
+Extents ExtentsOf(const std::vector<gsl_Point>& points) {
+    Extents extents{points.front(), points.front()};
+    for (const gsl_Point& point : points) {
+        for (unsigned axis = 0; axis < 3; ++axis) {
+            extents.low[axis] = std::min(extents.low[axis], point[axis]);
+            extents.high[axis] = std::max(extents.high[axis], point[axis]);
+        }
+    }
+    return extents;
+}
+
+void PrintCounts(const frd_Model& model) {
+    std::cout << "  nodes     " << model.nodes.size() << "\n  elements  " << model.elements.size() << '\n';
+    std::map<std::pair<int, int>, int> counts;  // by material and type
+    for (const frd_Element& element : model.elements) ++counts[{element.material, element.type}];
+    for (const auto& [kind, count] : counts) {
+        const auto [material, type] = kind;
+        const auto name = model.materials.find(material);
+        std::cout << "            " << count << ' ' << frd_ElementTypes[static_cast<std::size_t>(type)].name;
+        if (material != 0) std::cout << ", material " << material;
+        if (name != model.materials.end()) std::cout << ' ' << name->second;
+        std::cout << '\n';
+    }
+}
+
+void PrintExtents(const std::vector<gsl_Point>& points) {
+    const auto [low, high] = ExtentsOf(points);
+    std::cout << "  extents   " << low << " to " << high << "\n  centre    " << gsl_Point(low, high) << '\n';
+}
+
+/// The row of a displacement result with the greatest length, NaN left out, and that length.
+struct Greatest {
+    std::size_t row = 0;
+    double length = -1.0;
+};
+
+gsl_Vector DisplacementAt(const frd_Result& result, std::size_t row) {
+    return {result.Value(row, 0), result.Value(row, 1), result.Value(row, 2)};
+}
+
+Greatest GreatestDisplacement(const frd_Result& result) {
+    Greatest greatest;
+    for (std::size_t row = 0; row < result.nodes.size(); ++row) {
+        const double length = DisplacementAt(result, row).Length();
+        if (length > greatest.length) greatest = {row, length};
+    }
+    return greatest;
+}
+
+void PrintDisplacements(const frd_Model& model, const std::vector<gsl_Point>& points) {
+    bool any = false;
+    for (const frd_Result& result : model.results) {
+        if (result.name != "DISP" || result.components.size() != 3) continue;
+        any = true;
+        std::cout << "  set " << result.set << ", time " << result.time << '\n';
+        const Greatest greatest = GreatestDisplacement(result);
+        if (greatest.length < 0.0) {
+            std::cout << "    no displacement that is a number\n";
+            continue;
+        }
+        const std::size_t node = result.nodes[greatest.row];
+        std::cout << "    greatest " << greatest.length << " at node " << model.nodes[node].number << ' '
+                  << points[node] << "\n    by       " << DisplacementAt(result, greatest.row) << '\n';
+    }
+    if (!any) std::cout << "  no displacements\n";
+}
+
+/// Turns a copy of the points; the rest of the report shows that the turned model can be had again from the stream.
+std::vector<gsl_Point> Transformed(std::vector<gsl_Point> points, const gsl_Matrix& matrix) {
+    for (gsl_Point& point : points) point.Transform(matrix);
+    return points;
+}
+
+std::string Stored(const Kept& kept, const cls_ClassRegistrar& registrar) {
+    bio_Ofilter out;
+    idb_WriteObject(out, registrar, kept.matrix);
+    for (const gsl_Point& point : kept.points) idb_WriteObject(out, registrar, point);
+    return out.Bytes();
+}
+
+Kept Restored(std::string bytes, const cls_ClassRegistrar& registrar) {
+    bio_Ifilter in(std::move(bytes));
+    Kept kept{idb_ReadObject<gsl_PersistentMatrix>(in, registrar), {}};
+    while (in.Remaining() > 0) kept.points.push_back(idb_ReadObject<gsl_Point>(in, registrar));
+    return kept;
+}
+
+/// To the last bit; `==` of points and matrices has a tolerance.
+bool Identical(const std::vector<gsl_Point>& a, const std::vector<gsl_Point>& b) {
+    return std::ranges::equal(a, b, {}, &gsl_Point::AsArray, &gsl_Point::AsArray);
+}
+
+bool Identical(const gsl_Matrix& a, const gsl_Matrix& b) {
+    double left[4][4];
+    double right[4][4];
+    a.AsArray(left);
+    b.AsArray(right);
+    return std::equal(&left[0][0], &left[0][0] + 16, &right[0][0]);
+}
+
+/// Tells whether the file gave back what was kept.
+bool KeepAndCompare(const Kept& kept, const std::filesystem::path& path, const std::vector<gsl_Point>& turned) {
+    const cls_ClassRegistrar& registrar = cls_MetadataRegistrar::Instance().Registrar();
+    host_WriteFile(path, Stored(kept, registrar));
+    const std::string bytes = host_ReadFile(path);
+    const Kept back = Restored(bytes, registrar);
+    const bool same = Identical(back.matrix, kept.matrix) && Identical(back.points, kept.points) &&
+                      Identical(Transformed(back.points, back.matrix), turned);
+    std::cout << "\nStream " << path.string() << ": " << bytes.size() << " bytes, 1 matrix and " << back.points.size()
+              << " points\n  read back " << (same ? "identical" : "DIFFERENT") << "; its first records:\n\n";
+    bio_Ifilter in(bytes);
+    constexpr int shownRecords = 3;
+    idb_Dump(std::cout, in, registrar, shownRecords);
+    return same;
+}
+
+bool Report(const frd_Model& model, const Options& options) {
+    std::cout << std::setprecision(9) << "Model " << options.results.string() << '\n';
+    PrintCounts(model);
+    const std::vector<gsl_Point> points = PointsOf(model);
+    PrintExtents(points);
+    std::cout << "\nDisplacements\n";
+    PrintDisplacements(model, points);
+
+    const auto [low, high] = ExtentsOf(points);
+    const gsl_Point centre(low, high);
+    constexpr double angleDegrees = 30.0;
+    gsl_Matrix turn;
+    turn.AxisRotation(centre, gsl_Vector(0.0, 0.0, 1.0), angleDegrees * std::numbers::pi / 180.0);
+    const std::vector<gsl_Point> turned = Transformed(points, turn);
+    std::cout << "\nTurned by " << angleDegrees << " degrees about the vertical through the centre\n";
+    PrintExtents(turned);
+
+    return KeepAndCompare({turn, points}, options.stream, turned);
+}
+
+/// False when the arguments make no sense.
+bool ReadArguments(int argc, char** argv, Options& options) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string argument = argv[i];
+        if (argument == "--stream" && i + 1 < argc)
+            options.stream = argv[++i];
+        else if (options.results.empty() && !argument.starts_with("-"))
+            options.results = argument;
+        else
+            return false;
+    }
+    return !options.results.empty() && !options.stream.empty();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    Options options;
+    if (!ReadArguments(argc, argv, options)) {
+        std::cerr << "usage: stress_report RESULTS.frd [--stream FILE]\n";
+        return badCall;
+    }
+    frd_Model model;
+    try {
+        std::ostringstream notes;
+        model = frd_Read(host_ReadFile(options.results), notes);
+        if (model.nodes.empty()) throw frd_Error("the file has no nodes");
+        std::cerr << notes.str();  // not before: a file that is refused gets one line
+    } catch (const std::exception& failure) {
+        std::cerr << "stress_report: " << options.results.string() << ": " << failure.what() << '\n';
+        return badFile;
+    }
+    try {
+        const host_Session session;
+        std::cout << "Library started: " << session.Started() << " parts\n\n";
+        std::error_code ignored;
+        if (std::filesystem::equivalent(options.results, options.stream, ignored))
+            throw std::runtime_error("would overwrite the results");
+        if (!Report(model, options)) throw std::runtime_error("did not give back what was written");
+        if (!std::cout.flush()) throw std::runtime_error("the report could not be printed");
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << "stress_report: " << options.stream.string() << ": " << failure.what() << '\n';
+        return badCall;
+    }
+}

@@ -1,0 +1,83 @@
+#include <base/bio_Ofilter.h>
+#include <base/detail/bio_Encoding.h>
+
+#include <bit>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+namespace {
+constexpr const char* outOfMemory = "stream is out of memory";
+}
+
+void bio_Ofilter::WriteRaw(const void* bytes, std::size_t size) noexcept {
+    if (!Good() || size == 0) return;
+    try {
+        _bytes.append(static_cast<const char*>(bytes), size);
+    } catch (const std::bad_alloc&) {
+        Fail(outOfMemory);
+    } catch (const std::length_error&) {
+        Fail(outOfMemory);
+    }
+}
+
+template <class T>
+void bio_Ofilter::WriteScalar(T value) noexcept {
+    char bytes[sizeof(T)];
+    bio_Store(bytes, value);
+    WriteRaw(bytes, sizeof bytes);
+}
+
+template <class T>
+void bio_Ofilter::WriteScalars(std::span<const T> values) noexcept {
+    if constexpr (std::endian::native == std::endian::little) {
+        WriteRaw(values.data(), values.size_bytes());
+    } else {
+        for (const T value : values) WriteScalar(value);
+    }
+}
+
+void bio_Ofilter::Write(bool value) noexcept {
+    const char byte = value ? 1 : 0;
+    WriteRaw(&byte, 1);
+}
+void bio_Ofilter::Write(int value) noexcept { WriteScalar(value); }
+void bio_Ofilter::Write(unsigned value) noexcept { WriteScalar(value); }
+void bio_Ofilter::Write(float value) noexcept { WriteScalar(value); }
+void bio_Ofilter::Write(double value) noexcept { WriteScalar(value); }
+
+void bio_Ofilter::Write(const cow_String& value) noexcept {
+    Write(value.Length());
+    WriteRaw(value.c_str(), static_cast<std::size_t>(value.Length()));
+}
+
+void bio_Ofilter::WriteBlock(std::span<const int> values) noexcept { WriteScalars(values); }
+void bio_Ofilter::WriteBlock(std::span<const unsigned> values) noexcept { WriteScalars(values); }
+void bio_Ofilter::WriteBlock(std::span<const float> values) noexcept { WriteScalars(values); }
+void bio_Ofilter::WriteBlock(std::span<const double> values) noexcept { WriteScalars(values); }
+
+void bio_Ofilter::Reserve(std::size_t size) noexcept {
+    try {
+        if (Good()) _bytes.reserve(_bytes.size() + size);
+    } catch (...) {  // then it grows as it goes
+    }
+}
+
+unsigned bio_Ofilter::NumberOf(const void* object) noexcept {
+    if (object == nullptr || !Good()) return 0;
+    try {
+        const auto [entry, isNew] = _numbers.try_emplace(object, _lastNumber + 1);
+        if (isNew) ++_lastNumber;
+        return entry->second;
+    } catch (const std::bad_alloc&) {
+        Fail(outOfMemory);
+        return 0;
+    }
+}
+
+void bio_Ofilter::Hold(std::shared_ptr<const void> object) {
+    const void* address = object.get();
+    if (address != nullptr) _held.try_emplace(address, std::move(object));
+}
+
+void bio_Ofilter::Forget(const void* object) noexcept { _numbers.erase(object); }

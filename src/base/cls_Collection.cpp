@@ -1,0 +1,5 @@
+#include <base/cls_Collection.h>
+
+cls_Collection::~cls_Collection() = default;
+
+void cls_Collection::Abandon() noexcept {}

@@ -1,0 +1,3 @@
+#include <base/cls_MementoWrite.h>
+
+cls_MementoWrite::~cls_MementoWrite() = default;

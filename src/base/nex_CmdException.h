@@ -1,0 +1,62 @@
+#ifndef ORV_BASE_NEX_CMDEXCEPTION_H
+#define ORV_BASE_NEX_CMDEXCEPTION_H
+
+#include <base/nex_CommandException.h>
+#include <base/orv_Export.h>
+
+#include <concepts>
+#include <utility>
+
+class cls_ClassRegistrar;
+class cls_ReadVisitor;
+class cls_WriteVisitor;
+
+/// A command exception that carries a value. `Code` is its class identifier and tells exceptions with the same kind of
+/// value apart. A value that is text is the message as well; any other leaves the message empty.
+///
+/// A module that names one of these, by an alias, specialises `PythonType` and `JournalMessage` where the defaults of
+/// nex_CommandException do not suit, and `InitializeMetadata` when it registers the class.
+template <class Payload, int Code>
+class ORV_EXPORT nex_CmdException : public nex_CommandException {
+public:
+    explicit nex_CmdException(Payload value) : nex_CommandException(MessageOf(value)), _value(std::move(value)) {}
+
+    [[nodiscard]] const Payload& Value() const noexcept { return _value; }
+
+    [[nodiscard]] nex_CmdException* Copy() const override { return new nex_CmdException(*this); }
+    [[noreturn]] void Propagate() const override { throw *this; }
+    [[nodiscard]] const char* PythonType() const override { return nex_CommandException::PythonType(); }
+    [[nodiscard]] atr_String JournalMessage(OrvBasStringMode mode) const override {
+        return nex_CommandException::JournalMessage(mode);
+    }
+
+    // The one attribute is "m_Value". The visitors are template parameters only so that their headers are not needed
+    // here.
+    [[nodiscard]] static unsigned TypeId() noexcept { return static_cast<unsigned>(Code); }
+    [[nodiscard]] unsigned DynTypeId() const override { return TypeId(); }
+
+    template <std::same_as<cls_ReadVisitor> Reader>
+    explicit nex_CmdException(const Reader& reader) : nex_CmdException(reader.Read("m_Value", Payload())) {}
+
+    template <std::same_as<cls_WriteVisitor> Writer>
+    void DBWrite(const Writer& writer) const {
+        writer.Write("m_Value", _value);
+    }
+
+    /// Defined for the classes that are registered, by specialisation.
+    static void InitializeMetadata(cls_ClassRegistrar& registrar);
+
+private:
+    [[nodiscard]] static cow_String MessageOf(const Payload& value) {
+        if constexpr (std::convertible_to<Payload, cow_String>)
+            return value;
+        else if constexpr (std::same_as<Payload, atr_String>)
+            return value.Text();
+        else
+            return {};
+    }
+
+    Payload _value;
+};
+
+#endif

@@ -1,0 +1,24 @@
+#ifndef ORV_BASE_NEX_COMMANDEXCEPTION_H
+#define ORV_BASE_NEX_COMMANDEXCEPTION_H
+
+#include <base/OrvBasStringMode.h>
+#include <base/atr_String.h>
+#include <base/nex_Exception.h>
+#include <base/orv_Export.h>
+
+/// A scripting command that failed, with what the scripting layer needs to raise it there.
+class ORV_EXPORT nex_CommandException : public nex_Exception {
+public:
+    using nex_Exception::nex_Exception;
+
+    [[nodiscard]] nex_CommandException* Copy() const override;
+    [[noreturn]] void Propagate() const override;
+
+    /// Name of the exception type on the scripting side; static text. Here "RuntimeError".
+    [[nodiscard]] virtual const char* PythonType() const;
+
+    /// The text for the user's journal, in the encoding of `mode`. Here the message.
+    [[nodiscard]] virtual atr_String JournalMessage(OrvBasStringMode mode) const;
+};
+
+#endif

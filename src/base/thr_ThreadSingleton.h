@@ -1,0 +1,75 @@
+#ifndef ORV_BASE_THR_THREADSINGLETON_H
+#define ORV_BASE_THR_THREADSINGLETON_H
+
+#include <base/thr_ThrSingletonRegistry.h>
+
+#include <atomic>
+#include <memory>
+#include <utility>
+
+/// The one T of each thread, made by the thread's first `Instance()`. It goes when the thread calls `Finalize()` or
+/// ends; after `Finalize()` the thread's next `Instance()` makes a fresh one.
+///
+/// Making an instance registers `Finalize` with thr_ThrSingletonRegistry, at `Level`: the higher, the sooner it is
+/// finalised there.
+///
+/// T has a default constructor, which may be private to the friend `thr_ThreadSingleton<T>`, and a public destructor.
+/// For library and host to see one T, an exported class declares and makes the template as omi_Singleton shows.
+template <class T, int Level = 15>
+class thr_ThreadSingleton {
+public:
+    [[nodiscard]] static T& Instance();
+
+    /// Deletes the calling thread's instance; false when it has none.
+    static bool Finalize();
+
+    /// Number of instances in all threads together.
+    [[nodiscard]] static int LiveCount() noexcept;
+
+private:
+    struct AtThreadEnd {
+        ~AtThreadEnd() { Finalize(); }
+    };
+
+    /// Owns the instance, but as a plain pointer: it stays good after the thread's own destructors, when the destructor
+    /// of a host's global object may still finalise.
+    static T*& ThreadInstance() noexcept;
+
+    static std::atomic<int> _live;
+};
+
+template <class T, int Level>
+constinit std::atomic<int> thr_ThreadSingleton<T, Level>::_live = 0;
+
+template <class T, int Level>
+T*& thr_ThreadSingleton<T, Level>::ThreadInstance() noexcept {
+    static thread_local constinit T* instance = nullptr;
+    return instance;
+}
+
+template <class T, int Level>
+T& thr_ThreadSingleton<T, Level>::Instance() {
+    T*& instance = ThreadInstance();
+    if (instance == nullptr) {
+        static thread_local const AtThreadEnd atThreadEnd;
+        thr_ThrSingletonRegistry::Register(Level, [] { Finalize(); });
+        instance = new T;
+        ++_live;
+    }
+    return *instance;
+}
+
+template <class T, int Level>
+bool thr_ThreadSingleton<T, Level>::Finalize() {
+    const std::unique_ptr<T> last(std::exchange(ThreadInstance(), nullptr));
+    if (last == nullptr) return false;
+    --_live;
+    return true;
+}
+
+template <class T, int Level>
+int thr_ThreadSingleton<T, Level>::LiveCount() noexcept {
+    return _live;
+}
+
+#endif

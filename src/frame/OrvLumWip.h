@@ -1,0 +1,11 @@
+#ifndef ORV_FRAME_ORVLUMWIP_H
+#define ORV_FRAME_ORVLUMWIP_H
+
+#include <base/orv_Export.h>
+
+/// Start-up and shutdown of progress reporting, by the counted pattern of orv_StartUpCounter.
+/// Enters no types: starting and stopping it only counts.
+ORV_EXPORT void OrvLumWip_initialize(int& count);
+ORV_EXPORT void OrvLumWip_finalize(int& count);
+
+#endif

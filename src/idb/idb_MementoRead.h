@@ -1,0 +1,81 @@
+#ifndef ORV_IDB_IDB_MEMENTOREAD_H
+#define ORV_IDB_IDB_MEMENTOREAD_H
+
+#include <base/cls_MementoRead.h>
+#include <base/orv_Export.h>
+#include <idb/detail/idb_Tree.h>
+
+#include <memory>
+
+/// Least bytes of a memento on a stream: class identifier and flag.
+inline constexpr std::size_t idb_leastMementoSize = 5;
+
+/// Reads one memento and all below it from a filter at construction and gives its fields by name. Layout:
+/// idb_MementoWrite.
+///
+/// A class that was read where another was expected is taken when it derives from the expected one, by the registrar
+/// or by the type tables; otherwise two lines go to standard error ("Error constructing object for ..."), once for
+/// each root, and reading goes on as if the expected class had come. Expecting class 2 takes any.
+///
+/// Fields are read in place: the filter must outlive the memento. Takes any bytes: throws nex_StreamException for a
+/// stream that ends early, a bad count, or more than 512 nested mementos; memory grows linearly with the bytes read.
+class ORV_EXPORT idb_MementoRead final : public cls_MementoRead {
+public:
+    /// A root. @param collection the collection that stands behind the header; 0 for an object.
+    idb_MementoRead(bio_Ifilter& in, const cls_ClassRegistrar& registrar, unsigned expectedClass,
+                    cls_CollectionType collection = 0);
+    /// A memento inside the tree of a root, at that depth (the root's is 1).
+    idb_MementoRead(idb_ReadTree& tree, unsigned expectedClass, cls_CollectionType collection, int depth);
+    ~idb_MementoRead() override;
+
+    [[nodiscard]] char Read(const cls_FieldHandle& field, char fallback) const override;
+    [[nodiscard]] short Read(const cls_FieldHandle& field, short fallback) const override;
+    [[nodiscard]] int Read(const cls_FieldHandle& field, int fallback) const override;
+    [[nodiscard]] float Read(const cls_FieldHandle& field, float fallback) const override;
+    [[nodiscard]] double Read(const cls_FieldHandle& field, double fallback) const override;
+    [[nodiscard]] cow_String Read(const cls_FieldHandle& field, const cow_String& fallback) const override;
+    [[nodiscard]] int ReadEnumAsInt(const cls_FieldHandle& field, int fallback) const override;
+
+    [[nodiscard]] const cls_MementoRead* MakeReadObj(const cls_FieldHandle& field) const override;
+    [[nodiscard]] const cls_MementoRead* Base() const override;
+    [[nodiscard]] cls_Collection* Collection() const override;
+    [[nodiscard]] cls_AgentBlob* AgentBlob() const override;
+
+    [[nodiscard]] bool HasValue() const override;
+    [[nodiscard]] unsigned ClassId() const override;
+    [[nodiscard]] bio_Marker getMarker() const override;
+    [[nodiscard]] std::shared_ptr<void> getObjectPtr() const override;
+
+    [[nodiscard]] bio_Ifilter& Filter() const override;
+    [[nodiscard]] const cls_ClassRegistrar& Registrar() const override;
+
+    /// Where on the stream the memento begins, in bytes.
+    [[nodiscard]] std::size_t Start() const noexcept { return _start; }
+
+    /// Whether all that was read lies in the header and the fixed block.
+    [[nodiscard]] bool IsPlain() const noexcept { return !_parts; }
+
+private:
+    struct Text;
+    struct Parts;
+
+    void Read(cls_CollectionType collection, int depth);
+    void ReadHeader();
+    void ReadFields(int depth);
+    [[nodiscard]] const cls_Attribute* Find(const cls_FieldHandle& field) const;
+    template <class T>
+    [[nodiscard]] T Load(const cls_FieldHandle& field, T fallback) const;
+
+    std::unique_ptr<idb_ReadTree> _ownTree;  // of a root
+    idb_ReadTree* _tree;
+    const cls_ClassMetadata* _metadata = nullptr;  // null: no fields were read
+    const char* _block = nullptr;
+    idb_Owned<Parts> _parts;
+    std::size_t _start;
+    unsigned _classId;
+    unsigned _objectNumber = 0;
+    mutable unsigned _cursor = 0;
+    bool _hasValue = false;
+};
+
+#endif

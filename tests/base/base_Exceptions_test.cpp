@@ -1,0 +1,65 @@
+// Protects the exceptions: kept and thrown again as their own class, with their message, their value and their place.
+#include <base/atr_String.h>
+#include <base/nex_CmdException.h>
+#include <base/nex_PrimException.h>
+#include <base/nex_RangeException.h>
+#include <base/nex_StreamException.h>
+#include <base/nex_Throw.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <typeinfo>
+
+namespace {
+
+using TextError = nex_CmdException<cow_String, 6>;
+using MessageError = nex_CmdException<atr_String, 7>;
+using NumberError = nex_CmdException<int, 8>;
+
+template <class E>
+class base_Exception : public testing::Test {};
+using Exceptions = testing::Types<nex_Exception, nex_PrimException, nex_RangeException, nex_StreamException,
+                                  nex_CommandException, TextError, MessageError>;
+TYPED_TEST_SUITE(base_Exception, Exceptions, );
+
+TYPED_TEST(base_Exception, IsKeptAndThrownAgainAsItsOwnClass) {
+    const TypeParam thrown("the message");
+    std::unique_ptr<nex_Exception> kept;
+    unsigned line = 0;
+    try {
+        line = __LINE__ + 1;
+        nex_Throw(thrown);
+    } catch (const nex_Exception& caught) {
+        EXPECT_EQ(typeid(caught), typeid(TypeParam));
+        EXPECT_STREQ(caught.what(), "the message");
+        EXPECT_EQ(caught.Where().line, line);
+        EXPECT_NE(std::string(caught.Where().file).find("base_Exceptions_test"), std::string::npos);
+        kept.reset(caught.Copy());
+    }
+    ASSERT_NE(kept, nullptr);
+    EXPECT_EQ(kept->DynTypeId(), thrown.DynTypeId());
+    try {
+        kept->Propagate();
+    } catch (const TypeParam& again) {
+        EXPECT_EQ(typeid(again), typeid(TypeParam));
+        EXPECT_STREQ(again.what(), "the message");
+        EXPECT_EQ(again.Where().line, line);
+    }
+}
+
+TEST(base_CommandException, CarriesItsValueAndJournalsItsMessage) {
+    const TextError text("gr\xC3\xBCn");
+    EXPECT_EQ(text.Value(), "gr\xC3\xBCn");
+    EXPECT_STREQ(text.what(), "gr\xC3\xBCn");
+    EXPECT_EQ(text.DynTypeId(), 6u);
+    EXPECT_EQ(text.JournalMessage(OrvBasStringMode(0)), atr_String("gr\xC3\xBCn"));
+    EXPECT_EQ(text.JournalMessage(OrvBasStringMode(1)), atr_String("gr?n")) << "tests run in the C locale";
+    EXPECT_STREQ(MessageError(atr("no %d", 3)).what(), "no 3");
+    EXPECT_EQ(NumberError(42).Value(), 42);
+    EXPECT_STREQ(NumberError(42).what(), "");
+    EXPECT_STREQ(text.PythonType(), "RuntimeError");
+}
+
+}  // namespace

@@ -1,0 +1,285 @@
+// Protects the counted start-up: who is started and stopped, in which order, what the caller's count says, and what is
+// registered at each moment, in every nesting of library and modules and beyond the balanced ones.
+
+#include <base/OrvLumBasicUtils.h>
+#include <base/cls_MetadataRegistrar.h>
+#include <base/typ_ArchCompTable.h>
+#include <frame/frame.h>
+#include <gsl/gsl_Util.h>
+
+#include <dlfcn.h>
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Entry = void (*)(int&);
+
+std::vector<std::string> calls;  // in order, of the entries below
+
+/// Notes the call of a library's entry and passes it on. The entries below stand before the library's own for the
+/// whole process, the library included: this is how the order is seen from outside.
+void Observe(const std::string& name, int& count) {
+    calls.push_back(name);
+    const std::string symbol = "_Z" + std::to_string(name.size()) + name + "Ri";
+    static std::map<std::string, Entry> own;
+    Entry& entry = own[symbol];
+    if (entry == nullptr) entry = reinterpret_cast<Entry>(dlsym(RTLD_NEXT, symbol.c_str()));
+    entry(count);
+}
+
+}  // namespace
+
+#define ORV_OBSERVE(part)                                                       \
+    void part##_initialize(int& count) { Observe(#part "_initialize", count); } \
+    void part##_finalize(int& count) { Observe(#part "_finalize", count); }
+
+ORV_OBSERVE(OrvLumBasicUtils)
+ORV_OBSERVE(OrvBasShared)
+ORV_OBSERVE(OrvBasCoreUtils)
+ORV_OBSERVE(OrvBasAlloc)
+ORV_OBSERVE(OrvLumWip)
+ORV_OBSERVE(OrvLumIdb)
+ORV_OBSERVE(OrvLumG3d)
+ORV_OBSERVE(OrvLumOmu)
+ORV_OBSERVE(OrvLumMdl)
+ORV_OBSERVE(OrvLumGsl)
+ORV_OBSERVE(OrvLumAnn)
+ORV_OBSERVE(OrvLumUtf)
+
+namespace {
+
+struct Part {
+    std::string name;
+    Entry initialize;
+    Entry finalize;
+    unsigned short component = 0;  // of the type table that it enters
+};
+
+const std::array<Part, 14> parts{{
+    {"OrvLumBasicUtils", OrvLumBasicUtils_initialize, OrvLumBasicUtils_finalize},
+    {"OrvBasShared", OrvBasShared_initialize, OrvBasShared_finalize},
+    {"OrvBasCoreUtils", OrvBasCoreUtils_initialize, OrvBasCoreUtils_finalize},
+    {"OrvBasAlloc", OrvBasAlloc_initialize, OrvBasAlloc_finalize},
+    {"OrvLumWip", OrvLumWip_initialize, OrvLumWip_finalize},
+    {"OrvLumIdb", OrvLumIdb_initialize, OrvLumIdb_finalize},
+    {"OrvLumG3d", OrvLumG3d_initialize, OrvLumG3d_finalize, 36},
+    {"OrvLumOmu", OrvLumOmu_initialize, OrvLumOmu_finalize, 19},
+    {"OrvLumMdl", OrvLumMdl_initialize, OrvLumMdl_finalize, 10},
+    {"OrvLumGsl", OrvLumGsl_initialize, OrvLumGsl_finalize, 778},
+    {"OrvLumAnn", OrvLumAnn_initialize, OrvLumAnn_finalize, 848},
+    {"OrvLumUtf", OrvLumUtf_initialize, OrvLumUtf_finalize},
+    {"specific", OrvLumGeom_specific_initialize, OrvLumGeom_specific_finalize},
+    {"library", OrvLumGeom_initialize, OrvLumGeom_finalize},
+}};
+constexpr std::size_t basicUtils = 0;
+constexpr std::size_t observed = 12;  // the first ones; the last two are not called from another source file
+constexpr std::size_t specific = 12;
+constexpr std::size_t library = 13;
+
+/// In the order of registration: name, index in component 778, flags, number.
+const std::vector<cls_ClassRecord> geometryClasses{
+    {"gsl_BBox", 0x30A0007, 3, 800},       {"gsl_ModelSegment", 0x30A000B, 7, 332}, {"gsl_Plane", 0x30A0004, 3, 800},
+    {"gsl_PlaneArray", 0x30A000D, 3, 800}, {"gsl_Point", 0x30A0001, 7, 203},        {"gsl_Segment", 0x30A0008, 3, 800},
+    {"gsl_StLine", 0x30A0006, 3, 800},     {"gsl_LineArray", 0x30A000A, 3, 800},    {"gsl_Vector", 0x30A0003, 7, 203},
+    {"gsl_Dot", 0x30A0005, 7, 203},        {"gsl_DotArray", 0x30A000E, 3, 800},     {"gsl_Matrix", 0x30A0002, 7, 203},
+};
+
+/// What the library must do, told in another way: signed counters, names instead of registries.
+class Model {
+public:
+    int count = 0;
+    std::vector<std::string> calls;
+    std::vector<std::string> classes;
+    std::map<unsigned short, bool> tables;
+    bool freshTolerances = false;
+
+    [[nodiscard]] long Starts(std::size_t part) const { return _starts[part]; }
+
+    void Initialize(std::size_t part) {
+        if (part < observed) calls.push_back(parts[part].name + "_initialize");
+        if (_starts[part]++ != 0) return;
+        ++count;
+        if (part == library)
+            for (std::size_t each = 0; each <= specific; ++each) Initialize(each);
+        if (part == basicUtils) Register({"cow_String", "atr_String"});
+        if (parts[part].component != 0) tables[parts[part].component] = true;
+        if (parts[part].name == "OrvLumGsl")
+            for (const cls_ClassRecord& each : geometryClasses) Register({each.name.str()});
+    }
+
+    void Finalize(std::size_t part) {
+        if (part < observed) calls.push_back(parts[part].name + "_finalize");
+        if (_starts[part]-- != 1) return;
+        --count;
+        if (part == library)
+            for (std::size_t each = specific + 1; each-- > 0;) Finalize(each);
+        if (parts[part].name == "OrvLumGsl") freshTolerances = true;
+        if (part == basicUtils) {
+            classes.clear();
+            tables.clear();
+        }
+    }
+
+private:
+    void Register(const std::vector<std::string>& names) {
+        for (const std::string& name : names)
+            if (std::ranges::find(classes, name) == classes.end()) classes.push_back(name);
+    }
+
+    std::array<long, parts.size()> _starts{};
+};
+
+std::vector<std::string> RegisteredNames() {
+    std::vector<std::string> names;
+    for (const cls_ClassRecord& each : cls_MetadataRegistrar::Instance().Classes()) names.push_back(each.name.str());
+    return names;
+}
+
+/// The tolerances remember a setting for as long as they live.
+void MarkTolerances() { gsl_Util::Instance().SetOldDisplayFactor(true); }
+bool TolerancesAreMarked() { return gsl_Util::Instance().DisplayFactors()[2] == 15.0; }
+
+/// The library beside the model, both driven alike and compared after each call.
+class StartUp : public testing::Test {
+protected:
+    void Initialize(std::size_t part) {
+        Prepare();
+        model.Initialize(part);
+        parts[part].initialize(count);
+        Compare("start of " + parts[part].name);
+    }
+
+    void Finalize(std::size_t part) {
+        Prepare();
+        model.Finalize(part);
+        parts[part].finalize(count);
+        Compare("stop of " + parts[part].name);
+    }
+
+    /// Brings every counter back to 0 and leaves nothing registered, so that tests do not see each other.
+    void TearDown() override {
+        for (std::size_t part = parts.size(); part-- > 0;) {
+            while (model.Starts(part) > 0) Finalize(part);
+            while (model.Starts(part) < 0) Initialize(part);
+        }
+        Initialize(library);
+        Finalize(library);
+        EXPECT_EQ(count, 0);
+        EXPECT_THAT(RegisteredNames(), testing::IsEmpty());
+    }
+
+    int count = 0;
+    Model model;
+
+private:
+    void Prepare() {
+        MarkTolerances();
+        model.freshTolerances = false;
+        model.calls.clear();
+        calls.clear();
+    }
+
+    void Compare(const std::string& after) const {
+        SCOPED_TRACE(after);
+        EXPECT_EQ(count, model.count);
+        EXPECT_EQ(calls, model.calls);
+        EXPECT_EQ(RegisteredNames(), model.classes);
+        EXPECT_EQ(TolerancesAreMarked(), !model.freshTolerances);
+        for (const Part& part : parts) {
+            if (part.component == 0) continue;
+            EXPECT_EQ(typ_ArchCompTable::FindEntry(part.component) != nullptr, model.tables.contains(part.component))
+                << part.name;
+        }
+    }
+};
+
+TEST_F(StartUp, FirstStartAndLastStopWorkWhateverIsNestedBetween) {
+    for (int round = 0; round < 2; ++round) {  // the second registers afresh
+        Initialize(library);
+        EXPECT_EQ(count, 14);
+        const auto classes = cls_MetadataRegistrar::Instance().Classes();
+        ASSERT_EQ(classes.Length(), 14);
+        for (int i = 0; i < 12; ++i) EXPECT_EQ(classes[i + 2], geometryClasses[static_cast<std::size_t>(i)]) << i;
+
+        Initialize(library);
+        EXPECT_EQ(count, 14);
+        EXPECT_THAT(calls, testing::IsEmpty());
+        Finalize(library);
+        EXPECT_EQ(RegisteredNames().size(), 14U);
+        Finalize(library);
+        EXPECT_EQ(count, 0);
+    }
+}
+
+TEST_F(StartUp, ModuleStartedAloneStaysWhenTheLibraryStops) {
+    const std::size_t gsl = 9;
+    Initialize(gsl);
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(RegisteredNames().size(), 12U);
+    Initialize(library);
+    EXPECT_EQ(count, 14);
+    Finalize(library);
+    EXPECT_EQ(count, 1);
+    EXPECT_TRUE(TolerancesAreMarked());
+    Finalize(gsl);
+    EXPECT_FALSE(TolerancesAreMarked());
+}
+
+TEST_F(StartUp, AnySequenceFollowsTheCounters) {
+    for (const unsigned seed : {1U, 2U, 3U, 4U}) {
+        SCOPED_TRACE(seed);
+        std::mt19937_64 random(seed);
+        for (int step = 0; step < 400; ++step) {
+            // The library itself comes up as often as everything else together.
+            const std::size_t drawn = random() % (2 * parts.size());
+            const std::size_t part = std::min(drawn, library);
+            // Seeds 1 and 2 favour starts, 3 and 4 stop more often than they start.
+            const bool start = random() % 100 < (seed < 3 ? 60 : 45);
+            start ? Initialize(part) : Finalize(part);
+            ASSERT_FALSE(HasFailure()) << "step " << step;
+        }
+    }
+}
+
+TEST_F(StartUp, CallersCountMayGoBelowZeroAndBeyondItsRange) {
+    int mine = 0;
+    int other = 5;
+    OrvLumWip_initialize(mine);
+    OrvLumWip_finalize(other);
+    EXPECT_EQ(mine, 1);
+    EXPECT_EQ(other, 4);
+    int greatest = std::numeric_limits<int>::max();
+    OrvLumWip_initialize(greatest);
+    EXPECT_EQ(greatest, std::numeric_limits<int>::min());
+    OrvLumWip_finalize(greatest);
+    EXPECT_EQ(greatest, std::numeric_limits<int>::max());
+}
+
+TEST_F(StartUp, LoaderEntryStartsAndStopsWithACountOfItsOwn) {
+    constexpr unsigned long detach = 0;
+    constexpr unsigned long attach = 1;
+    EXPECT_EQ(DllMain(nullptr, attach, nullptr), 1);
+    EXPECT_EQ(RegisteredNames().size(), 14U);
+    for (const unsigned long threadsAndUnknown : {2UL, 3UL, 4UL, ~0UL}) {
+        EXPECT_EQ(DllMain(nullptr, threadsAndUnknown, nullptr), 1);
+        EXPECT_EQ(RegisteredNames().size(), 14U) << threadsAndUnknown;
+    }
+    OrvLumGeom_initialize(count);
+    OrvLumGeom_finalize(count);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(RegisteredNames().size(), 14U);
+    calls.clear();
+    EXPECT_EQ(DllMain(nullptr, detach, nullptr), 1);
+    EXPECT_EQ(calls.size(), observed);
+    EXPECT_THAT(RegisteredNames(), testing::IsEmpty());
+}
+
+}  // namespace

@@ -1,0 +1,181 @@
+// Protects against any bytes: a reader gives a value or throws the stream exception, in bounded depth and memory.
+
+#include "idb_Records.h"
+
+#include <gsl/gsl_PersistentMatrix.h>
+#include <idb/idb_Dump.h>
+#include <support/streams.h>
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <random>
+#include <sstream>
+
+namespace {
+std::atomic<std::size_t> allocated{0};
+}
+
+void* operator new(std::size_t size) {
+    allocated += size;
+    if (void* memory = std::malloc(size != 0 ? size : 1)) return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+/// Reads one root as T. True for a value, false for the stream exception; anything else fails the test, and so does
+/// memory out of proportion.
+template <class T>
+bool Reads(const std::string& bytes) {
+    bio_Ifilter in(bytes);
+    allocated = 0;
+    bool isRead = false;
+    try {
+        (void)idb_ReadObject<T>(in, TestRegistrar());
+        isRead = true;
+    } catch (const nex_StreamException&) {
+    }
+    EXPECT_LE(allocated, 4000 + sizeof(T) + 64 * bytes.size()) << ToHex(bytes);
+    return isRead;
+}
+
+/// Every prefix and every one-bit change of a good stream, and the dump of each.
+template <class T>
+void Attack(const T& object) {
+    const std::string golden = Written(TestRegistrar(), object);
+    ASSERT_TRUE(Reads<T>(golden));
+    for (std::size_t length = 0; length < golden.size(); ++length)
+        EXPECT_FALSE(Reads<T>(golden.substr(0, length))) << length;
+    for (std::size_t bit = 0; bit < 8 * golden.size(); ++bit) {
+        std::string changed = golden;
+        changed[bit / 8] = static_cast<char>(changed[bit / 8] ^ (1 << (bit % 8)));
+        Reads<T>(changed);
+        try {
+            std::ostringstream text;
+            bio_Ifilter in(changed);
+            idb_Dump(text, in, TestRegistrar());
+        } catch (const nex_StreamException&) {
+        }
+    }
+}
+
+std::string Int(unsigned value) {
+    bio_Ofilter out;
+    out.Write(value);
+    return out.Bytes();
+}
+
+class idb_Hostile : public testing::Test {
+    void SetUp() override { testing::internal::CaptureStderr(); }
+    void TearDown() override { testing::internal::GetCapturedStderr(); }
+};
+
+}  // namespace
+
+TEST_F(idb_Hostile, PrefixesAndBitChanges) {
+    Attack(gsl_Point(1, 2, 3));
+    Attack(gsl_PersistentVector(1, 2, 3));
+    Attack(gsl_PersistentMatrix());
+    Attack(LineRecord());
+    Attack(Square(2.0));
+    Attack(Everything::Filled());
+}
+
+TEST_F(idb_Hostile, RandomBytesBehindAGoodHeader) {
+    const unsigned seed = 42;
+    SCOPED_TRACE(seed);
+    std::mt19937_64 random(seed);
+    const std::string golden = Written(TestRegistrar(), Everything::Filled());
+    for (int trial = 0; trial < 3000; ++trial) {
+        std::string bytes = golden;
+        for (auto n = random() % 8 + 1; n > 0; --n) bytes[random() % bytes.size()] = static_cast<char>(random());
+        Reads<Everything>(bytes);
+    }
+}
+
+TEST_F(idb_Hostile, CountsAreCheckedBeforeAnythingIsAllocated) {
+    cls_ClassRegistrar r;
+    for (const cls_CollectionType code : {1, 2, 3, 52, 53, 54, 55, 57, 62, 65, 66, 72, 75, 82, 85, 93, 112}) {
+        for (const unsigned count : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFFU, 1000U}) {
+            bio_Ifilter in(Int(cls_CollectionClass(code)) + '\1' + Int(0) + Int(count) + Int(count) + "12345678");
+            allocated = 0;
+            EXPECT_THROW(idb_MementoRead(in, r, cls_CollectionClass(code), code), nex_StreamException) << code;
+            EXPECT_LT(allocated, 8000U);
+        }
+    }
+    bio_Ifilter string(Int(0x7FFFFFFF) + "abc");
+    cow_String text("kept");
+    EXPECT_THROW(string.Read(text), nex_StreamException);
+    EXPECT_TRUE(text == "kept");
+    bio_Ifilter blob(Int(cls_AgentBlobClass) + '\1' + Int(0) + Int(0xFFFFFFFF) + "abc");
+    EXPECT_THROW(idb_MementoRead(blob, r, cls_AgentBlobClass), nex_StreamException);
+    bio_Ifilter map(Int(cls_CollectionClass(74)) + '\1' + Int(0) + Int(1) + Int(0) + Int(1) + Int(2));
+    EXPECT_THROW(idb_MementoRead(map, r, cls_CollectionClass(74), 74), nex_StreamException) << "two counts differ";
+}
+
+TEST_F(idb_Hostile, AnArrayMustFillItsRows) {
+    Everything e;
+    e.matrix = cow_2DArray<double>(1, 7);
+    std::string bytes = Written(TestRegistrar(), e);
+    const std::size_t columns = bytes.find(Int(7) + Int(7)) + 4;
+    ASSERT_NE(columns, std::string::npos + 4);
+    for (const unsigned bad : {0U, 2U, 0xFFFFFFFFU}) {
+        bytes.replace(columns, 4, Int(bad));
+        EXPECT_FALSE(Reads<Everything>(bytes)) << bad;
+    }
+    bytes.replace(columns, 4, Int(1));
+    EXPECT_EQ(ReadBack<Everything>(TestRegistrar(), bytes).matrix.Rows(), 7);
+}
+
+TEST_F(idb_Hostile, DepthIsBoundedBothWays) {
+    const auto chain = [](int links) {
+        Link link;
+        for (int i = 1; i < links; ++i) {
+            Link outer;
+            outer.next = cow_CountedHld<Link>(std::make_shared<Link>(link));
+            link = outer;
+        }
+        return link;
+    };
+    // 511 links and the fields that the last one leaves empty are 512 deep.
+    const std::string deepest = Written(TestRegistrar(), chain(511));
+    EXPECT_TRUE(Reads<Link>(deepest));
+    EXPECT_THROW(Written(TestRegistrar(), chain(512)), nex_StreamException);
+    EXPECT_THROW(Written(TestRegistrar(), chain(2000)), nex_StreamException);
+
+    std::string bottomless;
+    for (int i = 0; i < 1000000; ++i)
+        bottomless +=
+            Int(cls_CollectionClass(1)) + '\1' + Int(0) + Int(1) + Int(1) + Int(Link::TypeId()) + '\1' + Int(0);
+    bio_Ifilter in(bottomless);
+    EXPECT_THROW((void)idb_MementoRead(in, TestRegistrar(), cls_CollectionClass(1), 1), nex_StreamException);
+
+    Link nested;
+    for (int i = 0; i < 400; ++i) {
+        Link outer;
+        outer.inside = {nested};
+        nested = outer;
+    }
+    EXPECT_THROW(Written(TestRegistrar(), nested), nex_StreamException) << "two mementos a level";
+}
+
+TEST(idb_HostileOutput, ComplaintsComeOnceForARoot) {
+    std::string bytes = Written(TestRegistrar(), [] {
+        Everything e;
+        e.shapes = {cow_CountedHld<Shape>(new Square(1)), cow_CountedHld<Shape>(new Square(2))};
+        e.shape = cow_CountedHld<Shape>(new Square(3));
+        e.sameShape = cow_CountedHld<Shape>(new Square(4));
+        return e;
+    }());
+    for (std::size_t at = 0; (at = bytes.find(Int(Square::TypeId()), at)) != std::string::npos;)
+        bytes.replace(at, 4, Int(Small::TypeId()));
+    testing::internal::CaptureStderr();
+    EXPECT_THROW((void)ReadBack<Everything>(TestRegistrar(), bytes), nex_StreamException);
+    const std::string complaints = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(complaints.begin(), complaints.end(), '\n'), 2) << complaints;
+}

@@ -1,0 +1,63 @@
+#ifndef ORV_SUPPORT_CHILDPROCESS_H
+#define ORV_SUPPORT_CHILDPROCESS_H
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+/// What a finished child left behind. `exitCode` is -1 when a signal ended it.
+struct ChildResult {
+    int exitCode = -1;
+    std::string out;
+    std::string err;
+
+    [[nodiscard]] auto ErrorLines() const { return std::count(err.begin(), err.end(), '\n'); }
+};
+
+/// Runs `body` in a fork of this process, with standard output and error caught in files, and hands back what came
+/// out. For what a process does only once (environment, start-up). `body` gives the exit code.
+template <class Body>
+ChildResult RunInChild(Body body) {
+    std::FILE* const out = std::tmpfile();
+    std::FILE* const err = std::tmpfile();
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        dup2(fileno(out), STDOUT_FILENO);
+        dup2(fileno(err), STDERR_FILENO);
+        const int code = body();
+        std::fflush(nullptr);
+        _exit(code);
+    }
+    ChildResult result;
+    int status = 0;
+    if (waitpid(child, &status, 0) == child && WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
+    const auto take = [](std::FILE* file) {
+        std::string text;
+        std::rewind(file);
+        for (int c = std::getc(file); c != EOF; c = std::getc(file)) text += static_cast<char>(c);
+        std::fclose(file);
+        return text;
+    };
+    result.out = take(out);
+    result.err = take(err);
+    return result;
+}
+
+/// Runs a program, the first argument being its path.
+inline ChildResult RunProgram(std::vector<std::string> arguments) {
+    return RunInChild([&] {
+        std::vector<char*> argv;
+        for (std::string& argument : arguments) argv.push_back(argument.data());
+        argv.push_back(nullptr);
+        execv(argv[0], argv.data());
+        return 127;
+    });
+}
+
+#endif

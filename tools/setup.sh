@@ -1,0 +1,38 @@
+#!/bin/sh
+# Installs what is missing on Debian for one of our commands: tools/setup.sh demo|check|ci|coverage
+# Where nothing is missing it does nothing; where there is no Debian it only says what to have.
+set -eu
+
+demo="g++ cmake ninja-build ccache"
+check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev python3"
+case ${1-} in
+demo) wanted=$demo ;;
+check) wanted=$check ;;
+ci) wanted="$check git clang clang-format clang-tidy shellcheck" ;;
+coverage) wanted="$check gcovr" ;;
+*)
+    echo "usage: $0 demo|check|ci|coverage" >&2
+    exit 2
+    ;;
+esac
+
+if ! command -v dpkg-query >/dev/null; then
+    echo "Not a Debian system; these packages by other names are needed: $wanted" >&2
+    exit 0
+fi
+
+missing=
+for package in $wanted; do
+    state=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) || state=
+    [ "$state" = installed ] || missing="$missing $package"
+done
+[ -n "$missing" ] || exit 0
+
+as_root=
+[ "$(id -u)" -eq 0 ] || as_root=sudo
+export DEBIAN_FRONTEND=noninteractive
+echo "Installing:$missing"
+$as_root apt-get update -qq
+# One word a package is meant here.
+# shellcheck disable=SC2086
+$as_root apt-get install -qq -y --no-install-recommends $missing
