@@ -52,6 +52,7 @@ cls_ClassRegistrar& Registrar() {
 
 Holder<gsl_Point> Points() {
     std::vector<gsl_Point> points;
+    points.reserve(size);
     for (int i = 0; i < size; ++i) points.emplace_back(i, 0.5 * i, -i);
     Holder<gsl_Point> holder;
     holder.values = cow_List<gsl_Point>(std::move(points));
@@ -59,6 +60,7 @@ Holder<gsl_Point> Points() {
 }
 std::vector<PeerPoint> PeerPoints() {
     std::vector<PeerPoint> points;
+    points.reserve(size);
     for (int i = 0; i < size; ++i) points.push_back({1.0 * i, 0.5 * i, -1.0 * i});
     return points;
 }

@@ -75,9 +75,8 @@ unsigned bio_Ofilter::NumberOf(const void* object) noexcept {
     }
 }
 
-void bio_Ofilter::Hold(std::shared_ptr<const void> object) {
-    const void* address = object.get();
-    if (address != nullptr) _held.try_emplace(address, std::move(object));
+void bio_Ofilter::Hold(const std::shared_ptr<const void>& object) {
+    if (object) _held.try_emplace(object.get(), object);
 }
 
 void bio_Ofilter::Forget(const void* object) noexcept { _numbers.erase(object); }

@@ -62,7 +62,7 @@ public:
     void WritePointer(const void* object) noexcept { Write(NumberOf(object)); }
     /// Keeps a written shared object alive until the filter is gone, so that its address, and with it its number,
     /// is not given to another object meanwhile.
-    void Hold(std::shared_ptr<const void> object);
+    void Hold(const std::shared_ptr<const void>& object);
     /// The address stands for that object no more; the next object at the same place gets a number of its own. For
     /// objects that are written by value and may be gone before the next.
     void Forget(const void* object) noexcept;

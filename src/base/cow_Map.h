@@ -60,9 +60,9 @@ public:
     /// Detaches. Replaces the value of a key that is there. Both arguments may refer into this map, or hold a copy of
     /// it.
     void Insert(const K& key, const V& value) {
-        const K ownKey(key);  // first: writing may leave behind what the arguments refer into
+        K ownKey(key);  // first: writing may leave behind what the arguments refer into
         V ownValue(value);
-        _map.Write().insert_or_assign(ownKey, std::move(ownValue));
+        _map.Write().insert_or_assign(std::move(ownKey), std::move(ownValue));
     }
 
     /// Whether the key was there. An absent key changes nothing and detaches nothing.

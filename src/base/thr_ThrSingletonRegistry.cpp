@@ -2,6 +2,7 @@
 #include <base/thr_ThrSingletonRegistry.h>
 
 #include <algorithm>
+#include <functional>
 #include <mutex>
 #include <utility>
 #include <vector>
@@ -37,6 +38,7 @@ void thr_ThrSingletonRegistry::Finalize() {
         const std::scoped_lock lock(registry.mutex);
         finalizers.swap(registry.finalizers);
     }
-    std::ranges::stable_sort(finalizers, {}, &Finalizer::first);
-    for (auto entry = finalizers.rbegin(); entry != finalizers.rend(); ++entry) entry->second();
+    std::ranges::reverse(finalizers);
+    std::ranges::stable_sort(finalizers, std::greater(), &Finalizer::first);
+    for (const Finalizer& entry : finalizers) entry.second();
 }

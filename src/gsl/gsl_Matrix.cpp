@@ -104,7 +104,7 @@ void gsl_Matrix::GetEulerianAnglesZYX(double& aDegrees, double& bDegrees, double
 void gsl_Matrix::GetAxisRotation(gsl_Point& point, gsl_Vector& axis, double& angleRadians) const noexcept {
     const FloatQuaternion q = ToQuaternion(_m);
     const double x = q.v[0], y = q.v[1], z = q.v[2];
-    const float r = static_cast<float>(std::sqrt(x * x + y * y + z * z));
+    const auto r = static_cast<float>(std::sqrt(x * x + y * y + z * z));
     angleRadians = 2.0 * std::atan2(static_cast<double>(r), static_cast<double>(q.w));
     const bool turns = angleRadians > gsl_Util::AngTol();
     axis = turns ? gsl_Vector(x / r, y / r, z / r) : gsl_Vector(0.0, 0.0, 0.0);

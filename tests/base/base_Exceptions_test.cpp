@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 #include <typeinfo>
 
 namespace {
@@ -26,26 +25,21 @@ TYPED_TEST_SUITE(base_Exception, Exceptions, );
 
 TYPED_TEST(base_Exception, IsKeptAndThrownAgainAsItsOwnClass) {
     const TypeParam thrown("the message");
+    constexpr unsigned line = __LINE__ + 4;
     std::unique_ptr<nex_Exception> kept;
-    unsigned line = 0;
-    try {
-        line = __LINE__ + 1;
-        nex_Throw(thrown);
-    } catch (const nex_Exception& caught) {
-        EXPECT_EQ(typeid(caught), typeid(TypeParam));
-        EXPECT_STREQ(caught.what(), "the message");
-        EXPECT_EQ(caught.Where().line, line);
-        EXPECT_NE(std::string(caught.Where().file).find("base_Exceptions_test"), std::string::npos);
-        kept.reset(caught.Copy());
-    }
-    ASSERT_NE(kept, nullptr);
-    EXPECT_EQ(kept->DynTypeId(), thrown.DynTypeId());
-    try {
-        kept->Propagate();
-    } catch (const TypeParam& again) {
-        EXPECT_EQ(typeid(again), typeid(TypeParam));
-        EXPECT_STREQ(again.what(), "the message");
-        EXPECT_EQ(again.Where().line, line);
+    for (int round = 0; round < 2; ++round) {
+        try {
+            if (round == 0) nex_Throw(thrown);
+            kept->Propagate();
+        } catch (const nex_Exception& caught) {
+            EXPECT_EQ(typeid(caught), typeid(TypeParam));
+            EXPECT_EQ(caught.DynTypeId(), thrown.DynTypeId());
+            EXPECT_STREQ(caught.what(), "the message");
+            EXPECT_EQ(caught.Where().line, line);
+            EXPECT_NE(std::string(caught.Where().file).find("base_Exceptions_test"), std::string::npos);
+            kept.reset(caught.Copy());
+        }
+        ASSERT_NE(kept, nullptr);
     }
 }
 

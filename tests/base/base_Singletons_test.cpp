@@ -5,10 +5,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <atomic>
 #include <latch>
+#include <set>
 #include <span>
 #include <thread>
 #include <vector>
@@ -37,34 +36,30 @@ using Process = omi_Singleton<One>;
 using Thread = thr_ThreadSingleton<OnePerThread>;
 
 TEST(base_Singleton, IsOneUntilFinalised) {
-    Process::Finalize();
     EXPECT_EQ(One::alive, 0) << "made on first use only";
-    Process::Instance().value = 5;
-    EXPECT_EQ(Process::Instance().value, 5);
-    EXPECT_EQ(One::alive, 1);
-    Process::Finalize();
-    EXPECT_EQ(One::alive, 0);
-    EXPECT_EQ(Process::Instance().value, 0);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(Process::Instance().value, 0);
+        Process::Instance().value = 5;
+        EXPECT_EQ(Process::Instance().value, 5);
+        EXPECT_EQ(One::alive, 1);
+        Process::Finalize();
+        EXPECT_EQ(One::alive, 0);
+    }
     Process::Finalize();
 }
 
 TEST(base_ThreadSingleton, IsOnePerThread) {
     constexpr int count = 8;
     std::latch allMade(count);
-    std::vector<OnePerThread*> seen(count);
     {
         std::vector<std::jthread> threads;
         for (int t = 0; t < count; ++t)
-            threads.emplace_back([&allMade, &mine = seen[static_cast<std::size_t>(t)], t] {
-                mine = &Thread::Instance();
-                mine->value = t;
+            threads.emplace_back([&allMade, t] {
+                Thread::Instance().value = t;
                 allMade.arrive_and_wait();
                 EXPECT_EQ(Thread::Instance().value, t);
                 EXPECT_TRUE(t % 2 == 0 || Thread::Finalize());
             });
-        allMade.wait();
-        std::ranges::sort(seen);
-        EXPECT_EQ(std::ranges::adjacent_find(seen), seen.end());
     }
     EXPECT_EQ(Thread::LiveCount(), 0) << "a thread that ends takes its instance along";
     EXPECT_EQ(OnePerThread::alive, 0);
@@ -81,8 +76,7 @@ TEST(base_ThreadSingletonRegistry, RunsDownwardsAndOnce) {
         ran.push_back(OnePerThread::alive == 1 ? 20 : -20);
         thr_ThrSingletonRegistry::Register(0, [] { ran.push_back(0); });
     };
-    thr_ThrSingletonRegistry::Register(20, once);
-    thr_ThrSingletonRegistry::Register(20, once);
+    for (int time = 0; time < 2; ++time) thr_ThrSingletonRegistry::Register(20, once);
     thr_ThrSingletonRegistry::Register(9, nullptr);
     thr_ThrSingletonRegistry::Finalize();
     EXPECT_EQ(ran, (std::vector{20, 4, 3})) << "the thread's instance goes at level 15";
@@ -93,8 +87,7 @@ TEST(base_ThreadSingletonRegistry, RunsDownwardsAndOnce) {
 }
 
 TEST(base_Uid, IsGivenOnce) {
-    EXPECT_EQ(cls_Uid().Value(), 0u);
-    std::array<cls_Uid, 4000> given;
+    std::vector<cls_Uid> given(4000);
     {
         std::vector<std::jthread> threads;
         for (std::size_t t = 0; t < 4; ++t)
@@ -102,9 +95,11 @@ TEST(base_Uid, IsGivenOnce) {
                 for (cls_Uid& uid : part) uid = cls_Uid::AllocateUid();
             });
     }
-    std::ranges::sort(given, {}, &cls_Uid::Value);
-    EXPECT_GT(given.front().Value(), 0u);
-    EXPECT_EQ(std::ranges::adjacent_find(given), given.end());
+    given.emplace_back();  // the default one, 0, is not among them
+    std::set<std::uint64_t> values;
+    for (const cls_Uid& uid : given) values.insert(uid.Value());
+    EXPECT_EQ(values.size(), given.size());
+    EXPECT_EQ(*values.begin(), 0u);
 }
 
 }  // namespace

@@ -6,18 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <set>
-#include <string>
-#include <string_view>
 
 namespace {
-
-struct Component {
-    unsigned short code;
-    std::string prefix;
-    typ_ArchCompEntry entry;
-    int count;
-    int named;
-};
 
 class TypeTables : public testing::Test {
 protected:
@@ -29,35 +19,34 @@ private:
 };
 
 TEST_F(TypeTables, EveryTableIsWellFormed) {
-    const Component components[] = {
+    const struct {
+        unsigned code;
+        std::string prefix;
+        typ_ArchCompEntry entry;
+        int count;
+        int named;
+    } components[] = {
         {848, "annC_", annC_ArchEntry(), 9, 8}, {36, "g3d_", g3d_ArchEntry(), 3, 2},
         {10, "mdl_", mdl_ArchEntry(), 20, 3},   {778, "gsl_", gsl_ArchEntry(), 15, 14},
         {19, "omu_", omu_ArchEntry(), 50, 30},
     };
-    std::set<std::string> names;
-    for (const Component& component : components) {
-        SCOPED_TRACE(component.prefix);
-        ASSERT_EQ(component.entry.Count(), component.count);
-        int named = 0;
+    for (const auto& component : components) {
+        ASSERT_EQ(component.entry.Count(), component.count) << component.prefix;
+        std::set<std::string> names;
         for (int i = 0; i < component.count; ++i) {
-            SCOPED_TRACE(i);
+            SCOPED_TRACE(component.prefix + std::to_string(i));
             const typ_Entry& record = component.entry.Record(i);
             const unsigned id = component.code * 65536U + static_cast<unsigned>(i);
             EXPECT_EQ(typ_ArchCompTable::Name(id), record.name);
-            if (record.name == nullptr) {
-                EXPECT_EQ(record.flags, 0U);
-                EXPECT_EQ(record.parent, 1U);
-                continue;
-            }
-            ++named;
-            EXPECT_EQ(record.flags, 7U);
-            EXPECT_TRUE(std::string_view(record.name).starts_with(component.prefix));
-            EXPECT_TRUE(names.insert(record.name).second);
-            EXPECT_TRUE(record.parent == 1U || typ_ArchCompTable::Name(record.parent) != nullptr);
+            EXPECT_EQ(record.flags, record.name == nullptr ? 0U : 7U);
+            EXPECT_TRUE(record.name != nullptr || record.parent == 1U);
             EXPECT_TRUE(typ_ArchCompTable::IsDerived(id, 1));
+            if (record.name == nullptr) continue;
+            EXPECT_TRUE(std::string(record.name).starts_with(component.prefix));
+            names.insert(record.name);
         }
-        EXPECT_EQ(named, component.named);
-        EXPECT_EQ(component.entry.Record(0).name, nullptr);
+        EXPECT_EQ(names.size(), static_cast<std::size_t>(component.named)) << component.prefix;
+        EXPECT_EQ(component.entry.Record(0).name, nullptr) << component.prefix;
     }
 }
 
@@ -69,15 +58,11 @@ TEST_F(TypeTables, TypesStandAtTheirIdentifiersBelowTheirParents) {
     } types[] = {
         {0x30A0001, "gsl_Point", 1},
         {0x30A0003, "gsl_Vector", 0x30A0001},
-        {0x30A0007, "gsl_BBox", 1},
-        {0x30A000C, "gsl_ModelSegmentArray", 1},
         {0x30A000E, "gsl_DotArray", 1},
         {0x130004, "omu_ArgNumberErrorException", 0x130001},
-        {0x130009, "omu_RangeErrorException", 1},
         {0x130015, "omu_PrimList", 0x130019},
         {0x130015, "omu_PrimList", 0x130011},
         {0x130021, "omu_PrimArray", 0x130020},
-        {0x130024, "omu_GenericTypeErrorException", 0x130001},
         {0x130025, "omu_PrimBool<2>", 0x13001B},
         {0x130030, "omu_PrimTranslatedString", 0x130018},
         {0x130031, "omu_PrimBoolean", 0x130011},
@@ -88,12 +73,12 @@ TEST_F(TypeTables, TypesStandAtTheirIdentifiersBelowTheirParents) {
         {0x3500007, "annC_Text", 0x3500005},
     };
     for (const auto& type : types) {
-        SCOPED_TRACE(type.name);
         EXPECT_STREQ(typ_ArchCompTable::Name(type.id), type.name);
-        EXPECT_TRUE(typ_ArchCompTable::IsDerived(type.id, type.ancestor));
+        EXPECT_TRUE(typ_ArchCompTable::IsDerived(type.id, type.ancestor)) << type.name;
     }
     EXPECT_FALSE(typ_ArchCompTable::IsDerived(0x30A0002, 0x30A0001));
-    EXPECT_FALSE(typ_ArchCompTable::IsDerived(0x130009, 0x130001));
+    EXPECT_STREQ(typ_ArchCompTable::Name(0x130009), "omu_RangeErrorException");
+    EXPECT_FALSE(typ_ArchCompTable::IsDerived(0x130009, 0x130001)) << "unlike the other errors";
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -18,6 +17,15 @@ struct ChildResult {
 
     [[nodiscard]] auto ErrorLines() const { return std::count(err.begin(), err.end(), '\n'); }
 };
+
+/// The content of a file from its beginning; closes it.
+inline std::string TakeText(std::FILE* file) {
+    std::string text;
+    std::rewind(file);
+    for (int c = std::getc(file); c != EOF; c = std::getc(file)) text += static_cast<char>(c);
+    std::fclose(file);
+    return text;
+}
 
 /// Runs `body` in a fork of this process, with standard output and error caught in files, and hands back what came
 /// out. For what a process does only once (environment, start-up). `body` gives the exit code.
@@ -34,19 +42,9 @@ ChildResult RunInChild(Body body) {
         std::fflush(nullptr);
         _exit(code);
     }
-    ChildResult result;
     int status = 0;
-    if (waitpid(child, &status, 0) == child && WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
-    const auto take = [](std::FILE* file) {
-        std::string text;
-        std::rewind(file);
-        for (int c = std::getc(file); c != EOF; c = std::getc(file)) text += static_cast<char>(c);
-        std::fclose(file);
-        return text;
-    };
-    result.out = take(out);
-    result.err = take(err);
-    return result;
+    const bool exited = waitpid(child, &status, 0) == child && WIFEXITED(status);
+    return {exited ? WEXITSTATUS(status) : -1, TakeText(out), TakeText(err)};
 }
 
 /// Runs a program, the first argument being its path.

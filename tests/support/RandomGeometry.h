@@ -5,26 +5,29 @@
 #include <gsl/gsl_Point.h>
 #include <gsl/gsl_Vector.h>
 
-#include <algorithm>
+#include <gtest/gtest.h>
+
 #include <cmath>
-#include <cstdint>
+#include <limits>
 #include <numbers>
 #include <random>
 #include <string>
 
-/// Seeded geometry for tests of laws. Put `SCOPED_TRACE(random.Seed())` into the test so that failures tell the seed.
+inline constexpr double kPi = std::numbers::pi;
+inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
+inline const gsl_Vector kX(1.0, 0.0, 0.0), kY(0.0, 1.0, 0.0), kZ(0.0, 0.0, 1.0), kZero(0.0, 0.0, 0.0);
+
+/// Seeded geometry for tests of laws. Failures tell the seed while it lives.
 class RandomGeometry {
 public:
-    explicit RandomGeometry(std::uint64_t seed) : _seed(seed), _engine(seed) {}
-
-    [[nodiscard]] std::string Seed() const { return "seed " + std::to_string(_seed); }
+    explicit RandomGeometry(unsigned seed)
+        : _trace(__FILE__, __LINE__, "seed " + std::to_string(seed)), _engine(seed) {}
 
     double Number(double low, double high) { return std::uniform_real_distribution<double>(low, high)(_engine); }
-    double Angle() { return Number(-std::numbers::pi, std::numbers::pi); }
-    gsl_Vector Vector(double bound = 10.0) {
-        return {Number(-bound, bound), Number(-bound, bound), Number(-bound, bound)};
-    }
-    gsl_Point Point(double bound = 10.0) { return gsl_Point() + Vector(bound); }
+    double Angle() { return Number(-kPi, kPi); }
+    gsl_Vector Vector() { return {Number(-10.0, 10.0), Number(-10.0, 10.0), Number(-10.0, 10.0)}; }
+    gsl_Point Point() { return gsl_Point() + Vector(); }
 
     /// Rotation plus translation, with an honest identity state.
     gsl_Matrix Rigid() {
@@ -36,12 +39,13 @@ public:
     /// Any sixteen numbers, the fourth row too.
     gsl_Matrix General() {
         double rows[4][4];
-        for (auto& row : rows) std::generate(row, row + 4, [this] { return Number(-1.0, 1.0); });
+        for (auto& row : rows)
+            for (double& element : row) element = Number(-1.0, 1.0);
         return gsl_Matrix(rows);
     }
 
 private:
-    std::uint64_t _seed;
+    testing::ScopedTrace _trace;
     std::mt19937_64 _engine;
 };
 
@@ -50,12 +54,10 @@ inline double Difference(const gsl_Matrix& a, const gsl_Matrix& b) {
     double left[4][4], right[4][4], greatest = 0.0;
     a.AsArray(left);
     b.AsArray(right);
-    for (int i = 0; i < 4; ++i) {
-        for (int j = 0; j < 4; ++j) {
-            const double difference = std::abs(left[i][j] - right[i][j]);
-            if (std::isnan(difference)) return difference;
-            greatest = std::max(greatest, difference);
-        }
+    for (int k = 0; k < 16; ++k) {
+        const double difference = std::abs(left[k / 4][k % 4] - right[k / 4][k % 4]);
+        if (!(difference <= greatest)) greatest = difference;
+        if (std::isnan(greatest)) break;
     }
     return greatest;
 }
