@@ -144,5 +144,3 @@ BENCHMARK_CAPTURE(Write, doubles, Doubles)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(PeerWrite, doubles, PeerDoubles)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Read, doubles, Doubles)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(PeerRead, doubles, PeerDoubles)->Unit(benchmark::kMillisecond);
-
-BENCHMARK_MAIN();

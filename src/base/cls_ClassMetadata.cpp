@@ -14,7 +14,8 @@ cls_ClassMetadata& cls_ClassMetadata::Attribute(const char* name, cls_AttributeT
         nex_Throw(nex_PrimException(
             cow_String(atr("attribute %s: type %d cannot be stored", name, static_cast<int>(type)).c_str())));
 
-    const auto [node, isNew] = _attributes.insert_or_assign(name, cls_Attribute{type, classId, collection});
+    const auto [node, isNew] =
+        _attributes.insert_or_assign(name, cls_Attribute{type, classId, collection, cls_SlotSize(type)});
     if (isNew) _registered.push_back(&*node);
 
     _blockSize = 0;
@@ -28,7 +29,7 @@ cls_ClassMetadata& cls_ClassMetadata::Attribute(const char* name, cls_AttributeT
             attribute.slot = _stringCount++;
         } else {
             attribute.slot = _blockSize;
-            _blockSize += cls_SlotSize(attribute.type);
+            _blockSize += attribute.slotSize;
         }
     }
     return *this;

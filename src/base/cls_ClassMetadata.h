@@ -19,6 +19,7 @@ struct cls_Attribute {
     cls_AttributeType type;
     unsigned classId;               ///< type 15: the class of the object; else 0
     cls_CollectionType collection;  ///< 0 when it is no collection
+    int slotSize = 0;               ///< bytes in the fixed block; 0 for strings and objects
     int slot = 0;                   ///< offset in the fixed block; index among the strings; index among the objects
 };
 
@@ -69,6 +70,8 @@ public:
 
     [[nodiscard]] int BlockSize() const noexcept { return _blockSize; }
     [[nodiscard]] int StringCount() const noexcept { return _stringCount; }
+    /// Whether a stored object is header and fixed block alone.
+    [[nodiscard]] bool IsPlain() const noexcept { return _stringCount == 0 && _objects.empty() && !HasBasePart(); }
     /// Type-15 attributes, by name.
     [[nodiscard]] const std::vector<const cls_Attribute*>& Objects() const noexcept { return _objects; }
 
@@ -93,9 +96,16 @@ private:
 };
 
 inline const cls_Attribute* cls_ClassMetadata::Find(std::string_view name, unsigned& cursor) const {
-    if (cursor < _registered.size() && _registered[cursor]->first == name) return &_registered[cursor++]->second;
+    // Names are short: comparing them here costs less than calling the C library for it.
+    const auto isNamed = [name](const Node* node) noexcept {
+        if (node->first.size() != name.size()) return false;
+        for (std::size_t i = 0; i < name.size(); ++i)
+            if (node->first[i] != name[i]) return false;
+        return true;
+    };
+    if (cursor < _registered.size() && isNamed(_registered[cursor])) return &_registered[cursor++]->second;
     for (unsigned i = 0; i < _registered.size(); ++i) {
-        if (_registered[i]->first == name) {
+        if (isNamed(_registered[i])) {
             cursor = i + 1;
             return &_registered[i]->second;
         }

@@ -155,6 +155,40 @@ void idb_MementoRead::Read(cls_CollectionType collection, int depth) {
     }
 }
 
+bool idb_MementoRead::SkipPlain(idb_ReadTree& tree) {
+    bio_Ifilter& in = tree.GetFilter();
+    const std::size_t start = in.Position();
+    unsigned classId = 0;
+    bool withFields = false;
+    in.Read(classId);
+    in.Read(withFields);
+    if (!withFields || classId == cls_RootClass) return true;
+    const cls_ClassMetadata* metadata = tree.Find(classId);
+    if (metadata == nullptr ? classId == cls_AgentBlobClass : !metadata->IsPlain()) {
+        in.Seek(start);
+        return false;
+    }
+    if (metadata != nullptr) {
+        const bio_Marker marker = in.LookUpMarker();
+        if (marker.size != 0) in.EnterMarker(marker);
+        (void)in.Take(static_cast<std::size_t>(metadata->BlockSize()));
+    }
+    return true;
+}
+
+void idb_MementoRead::ReadPlainAt(std::size_t start) {
+    bio_Ifilter& in = Filter();
+    const std::size_t position = in.Position();
+    in.Seek(start);
+    _start = start;
+    _classId = cls_AnyClass;
+    _metadata = nullptr;
+    _objectNumber = 0;
+    _hasValue = false;
+    Read(0, 1);
+    in.Seek(position);
+}
+
 void idb_MementoRead::ReadFields(int depth) {
     bio_Ifilter& in = Filter();
     _block = in.Take(static_cast<std::size_t>(_metadata->BlockSize()));
@@ -184,7 +218,7 @@ const cls_Attribute* idb_MementoRead::Find(const cls_FieldHandle& field) const {
 template <class T>
 T idb_MementoRead::Load(const cls_FieldHandle& field, T fallback) const {
     const cls_Attribute* attribute = Find(field);
-    if (attribute == nullptr || cls_SlotSize(attribute->type) < static_cast<int>(sizeof(T))) return fallback;
+    if (attribute == nullptr || attribute->slotSize < static_cast<int>(sizeof(T))) return fallback;
     return bio_Load<T>(_block + attribute->slot);
 }
 

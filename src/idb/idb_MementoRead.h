@@ -52,8 +52,13 @@ public:
     /// Where on the stream the memento begins, in bytes.
     [[nodiscard]] std::size_t Start() const noexcept { return _start; }
 
-    /// Whether all that was read lies in the header and the fixed block.
-    [[nodiscard]] bool IsPlain() const noexcept { return !_parts; }
+    /// Passes over the next memento when it is header and fixed block alone, or less, as one of any class in the tree
+    /// would be read; false, and the filter where it was, when it is more.
+    [[nodiscard]] static bool SkipPlain(idb_ReadTree& tree);
+
+    /// Reads the memento that begins at `start`, one that `SkipPlain` passed, in place of this one, which must be such
+    /// a one too.
+    void ReadPlainAt(std::size_t start);
 
 private:
     struct Text;

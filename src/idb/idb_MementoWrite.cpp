@@ -74,11 +74,9 @@ const cls_ClassRegistrar& idb_MementoWrite::Registrar() const { return _tree->Re
 template <class T>
 void idb_MementoWrite::Store(const cls_FieldHandle& field, T value) {
     const cls_Attribute* attribute = _metadata == nullptr ? nullptr : _metadata->Find(field.Name(), _cursor);
-    if (attribute == nullptr) return;
-    const int slotSize = cls_SlotSize(attribute->type);
-    if (slotSize < static_cast<int>(sizeof(T))) return;
+    if (attribute == nullptr || attribute->slotSize < static_cast<int>(sizeof(T))) return;
     char* slot = _block + attribute->slot;
-    std::memset(slot, 0, static_cast<std::size_t>(slotSize));
+    std::memset(slot, 0, static_cast<std::size_t>(attribute->slotSize));
     bio_Store(slot, value);
 }
 
@@ -222,8 +220,7 @@ std::string_view idb_MementoWrite::Image(unsigned objectNumber) noexcept {
 }
 
 std::string_view idb_MementoWrite::PlainImage() noexcept {
-    const bool isPlain = _metadata != nullptr && _object == nullptr && !_parts && _metadata->StringCount() == 0 &&
-                         _metadata->Objects().empty() && !_metadata->HasBasePart();
+    const bool isPlain = _metadata != nullptr && _object == nullptr && !_parts && _metadata->IsPlain();
     return isPlain ? Image(0) : std::string_view();
 }
 

@@ -13,17 +13,10 @@ idb_ReadListObj::idb_ReadListObj(idb_ReadTree& tree, int depth) : _tree(tree), _
     _entries.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         const std::size_t start = in.Position();
-        ReadCurrent();
-        _entries.push_back({start, _current->IsPlain() ? nullptr : std::move(_current)});
+        idb_Owned<idb_MementoRead> kept;
+        if (!idb_MementoRead::SkipPlain(tree)) kept = tree.Make<idb_MementoRead>(tree, cls_AnyClass, 0, depth);
+        _entries.push_back({start, std::move(kept)});
     }
-}
-
-/// Reads the memento at the filter's position.
-void idb_ReadListObj::ReadCurrent() const {
-    if (_current)
-        _current = idb_Owned<idb_MementoRead>(idb_Renew(_current.release(), _tree, cls_AnyClass, 0, _depth));
-    else
-        _current = _tree.Make<idb_MementoRead>(_tree, cls_AnyClass, 0, _depth);
 }
 
 idb_ReadListObj::~idb_ReadListObj() = default;
@@ -38,11 +31,15 @@ const cls_MementoRead& idb_ReadListObj::MakeReadObj() const {
     if (_cursor < 0) nex_Throw(nex_RangeException("no current entry"));
     const Entry& entry = _entries[static_cast<std::size_t>(_cursor)];
     if (entry.kept) return *entry.kept;
-    bio_Ifilter& in = _tree.GetFilter();
-    const std::size_t position = in.Position();
-    in.Seek(entry.start);
-    ReadCurrent();
-    in.Seek(position);
+    if (!_current) {
+        bio_Ifilter& in = _tree.GetFilter();
+        const std::size_t position = in.Position();
+        in.Seek(entry.start);
+        _current = _tree.Make<idb_MementoRead>(_tree, cls_AnyClass, 0, _depth);
+        in.Seek(position);
+    } else if (_current->Start() != entry.start) {
+        _current->ReadPlainAt(entry.start);
+    }
     return *_current;
 }
 

@@ -29,8 +29,6 @@ private:
         idb_Owned<idb_MementoRead> kept;
     };
 
-    void ReadCurrent() const;
-
     idb_ReadTree& _tree;
     int _depth;
     std::vector<Entry> _entries;

@@ -76,12 +76,10 @@ TEST(base_Message, HasAnyLengthAndTakesNoStringObject) {
 }
 
 TEST(base_Message, ConvertsToTheLocale) {
-    const struct {
-        std::string text;
-        std::string inC;
-        int malformed;  // '?' that strict decoding puts in it, whatever the locale
-    } cases[] = {
-        {{"a\0b", 3}, {"a\0b", 3}, 0},
+    // The text, what the "C" locale makes of it, and the number of '?' that strict decoding puts in whatever the
+    // locale.
+    const std::tuple<std::string, std::string, int> cases[] = {
+        {std::string("a\0b", 3), std::string("a\0b", 3), 0},
         {"gr\xC3\xBC\xC3\x9F", "gr??", 0},
         {"\xE2\x82\xAC \xF0\x9F\x98\x80", "? ?", 0},
         {"\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF", "???", 0},  // the bounds of what is a character

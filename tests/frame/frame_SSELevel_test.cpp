@@ -33,22 +33,18 @@ ChildResult StartWith(const char* before, const char* levelValue, const char* no
 }
 
 TEST(SSELevel, EachKeywordForcesItsLevelAndIsToldOnce) {
-    const struct {
-        const char* keyword;
-        const char* word;
-        const char* displayName;
-    } levels[] = {
+    const std::tuple<const char*, std::string, std::string> levels[] = {
         {"AVX", "131072", "AVX"},     {"SSE3", "2048", "SSE 3"},    {"SSE2", "512", "SSE 2"},
         {"SSSE3", "4096", "S-SSE 3"}, {"SSE41", "8192", "SSE 4.1"}, {"SSE42", "32768", "SSE 4.2"},
         {"NONE", "2", "NO SSE"},
     };
     for (const auto& [keyword, word, displayName] : levels) {
         const ChildResult told = StartWith(nullptr, keyword, nullptr);
-        EXPECT_EQ(told.err, std::string(word) + " 1");
-        EXPECT_EQ(told.out, std::string(">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: ") + displayName + "\n");
+        EXPECT_EQ(told.err, word + " 1");
+        EXPECT_EQ(told.out, ">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: " + displayName + "\n");
         for (const char* already : {"0", ""}) {
             const ChildResult quiet = StartWith(nullptr, keyword, already);
-            EXPECT_EQ(quiet.err, std::string(word) + " " + already);
+            EXPECT_EQ(quiet.err, word + " " + already);
             EXPECT_EQ(quiet.out, "");
         }
     }

@@ -10,13 +10,10 @@
 #include <dlfcn.h>
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <array>
 #include <limits>
 #include <map>
 #include <random>
-#include <string>
-#include <vector>
+#include <set>
 
 namespace {
 
@@ -81,8 +78,7 @@ const std::array<Part, 14> parts{{
 }};
 constexpr std::size_t basicUtils = 0;
 constexpr std::size_t observed = 12;  // the first ones; the last two are not called from another source file
-constexpr std::size_t specific = 12;
-constexpr std::size_t library = 13;
+constexpr std::size_t gsl = 9, specific = 12, library = 13;
 
 /// In the order of registration: name, index in component 778, flags, number.
 const std::vector<cls_ClassRecord> geometryClasses{
@@ -93,48 +89,42 @@ const std::vector<cls_ClassRecord> geometryClasses{
 };
 
 /// What the library must do, told in another way: signed counters, names instead of registries.
-class Model {
-public:
+struct Model {
     int count = 0;
+    std::array<long, parts.size()> starts{};
     std::vector<std::string> calls;
     std::vector<std::string> classes;
-    std::map<unsigned short, bool> tables;
+    std::set<unsigned short> tables;
     bool freshTolerances = false;
-
-    [[nodiscard]] long Starts(std::size_t part) const { return _starts[part]; }
 
     void Initialize(std::size_t part) {
         if (part < observed) calls.push_back(parts[part].name + "_initialize");
-        if (_starts[part]++ != 0) return;
+        if (starts[part]++ != 0) return;
         ++count;
         if (part == library)
             for (std::size_t each = 0; each <= specific; ++each) Initialize(each);
-        if (part == basicUtils) Register({"cow_String", "atr_String"});
-        if (parts[part].component != 0) tables[parts[part].component] = true;
-        if (parts[part].name == "OrvLumGsl")
-            for (const cls_ClassRecord& each : geometryClasses) Register({each.name.str()});
+        if (part == basicUtils) Register("cow_String"), Register("atr_String");
+        if (parts[part].component != 0) tables.insert(parts[part].component);
+        if (part == gsl)
+            for (const cls_ClassRecord& each : geometryClasses) Register(each.name.str());
     }
 
     void Finalize(std::size_t part) {
         if (part < observed) calls.push_back(parts[part].name + "_finalize");
-        if (_starts[part]-- != 1) return;
+        if (starts[part]-- != 1) return;
         --count;
         if (part == library)
             for (std::size_t each = specific + 1; each-- > 0;) Finalize(each);
-        if (parts[part].name == "OrvLumGsl") freshTolerances = true;
-        if (part == basicUtils) {
-            classes.clear();
-            tables.clear();
-        }
+        if (part == gsl) freshTolerances = true;
+        if (part != basicUtils) return;
+        classes.clear();
+        tables.clear();
     }
 
 private:
-    void Register(const std::vector<std::string>& names) {
-        for (const std::string& name : names)
-            if (std::ranges::find(classes, name) == classes.end()) classes.push_back(name);
+    void Register(const std::string& name) {
+        if (std::ranges::find(classes, name) == classes.end()) classes.push_back(name);
     }
-
-    std::array<long, parts.size()> _starts{};
 };
 
 std::vector<std::string> RegisteredNames() {
@@ -143,32 +133,17 @@ std::vector<std::string> RegisteredNames() {
     return names;
 }
 
-/// The tolerances remember a setting for as long as they live.
-void MarkTolerances() { gsl_Util::Instance().SetOldDisplayFactor(true); }
-bool TolerancesAreMarked() { return gsl_Util::Instance().DisplayFactors()[2] == 15.0; }
-
 /// The library beside the model, both driven alike and compared after each call.
 class StartUp : public testing::Test {
 protected:
-    void Initialize(std::size_t part) {
-        Prepare();
-        model.Initialize(part);
-        parts[part].initialize(count);
-        Compare("start of " + parts[part].name);
-    }
-
-    void Finalize(std::size_t part) {
-        Prepare();
-        model.Finalize(part);
-        parts[part].finalize(count);
-        Compare("stop of " + parts[part].name);
-    }
+    void Initialize(std::size_t part) { Drive(part, parts[part].initialize, &Model::Initialize); }
+    void Finalize(std::size_t part) { Drive(part, parts[part].finalize, &Model::Finalize); }
 
     /// Brings every counter back to 0 and leaves nothing registered, so that tests do not see each other.
     void TearDown() override {
         for (std::size_t part = parts.size(); part-- > 0;) {
-            while (model.Starts(part) > 0) Finalize(part);
-            while (model.Starts(part) < 0) Initialize(part);
+            while (model.starts[part] > 0) Finalize(part);
+            while (model.starts[part] < 0) Initialize(part);
         }
         Initialize(library);
         Finalize(library);
@@ -180,23 +155,21 @@ protected:
     Model model;
 
 private:
-    void Prepare() {
-        MarkTolerances();
+    void Drive(std::size_t part, Entry entry, void (Model::*modelled)(std::size_t)) {
+        SCOPED_TRACE(parts[part].name);
+        gsl_Util::Instance().SetOldDisplayFactor(true);  // remembered for as long as the tolerances live
         model.freshTolerances = false;
         model.calls.clear();
         calls.clear();
-    }
-
-    void Compare(const std::string& after) const {
-        SCOPED_TRACE(after);
+        (model.*modelled)(part);
+        entry(count);
         EXPECT_EQ(count, model.count);
         EXPECT_EQ(calls, model.calls);
         EXPECT_EQ(RegisteredNames(), model.classes);
-        EXPECT_EQ(TolerancesAreMarked(), !model.freshTolerances);
-        for (const Part& part : parts) {
-            if (part.component == 0) continue;
-            EXPECT_EQ(typ_ArchCompTable::FindEntry(part.component) != nullptr, model.tables.contains(part.component))
-                << part.name;
+        EXPECT_EQ(gsl_Util::Instance().DisplayFactors()[2] != 15.0, model.freshTolerances);
+        for (const Part& each : parts) {
+            const bool present = typ_ArchCompTable::FindEntry(each.component) != nullptr;
+            EXPECT_EQ(present, model.tables.contains(each.component)) << each.name;
         }
     }
 };
@@ -219,58 +192,34 @@ TEST_F(StartUp, FirstStartAndLastStopWorkWhateverIsNestedBetween) {
     }
 }
 
-TEST_F(StartUp, ModuleStartedAloneStaysWhenTheLibraryStops) {
-    const std::size_t gsl = 9;
-    Initialize(gsl);
-    EXPECT_EQ(count, 1);
-    EXPECT_EQ(RegisteredNames().size(), 12U);
-    Initialize(library);
-    EXPECT_EQ(count, 14);
-    Finalize(library);
-    EXPECT_EQ(count, 1);
-    EXPECT_TRUE(TolerancesAreMarked());
-    Finalize(gsl);
-    EXPECT_FALSE(TolerancesAreMarked());
-}
-
 TEST_F(StartUp, AnySequenceFollowsTheCounters) {
     for (const unsigned seed : {1U, 2U, 3U, 4U}) {
         SCOPED_TRACE(seed);
         std::mt19937_64 random(seed);
         for (int step = 0; step < 400; ++step) {
             // The library itself comes up as often as everything else together.
-            const std::size_t drawn = random() % (2 * parts.size());
-            const std::size_t part = std::min(drawn, library);
+            const std::size_t part = std::min(random() % (2 * parts.size()), library);
             // Seeds 1 and 2 favour starts, 3 and 4 stop more often than they start.
-            const bool start = random() % 100 < (seed < 3 ? 60 : 45);
-            start ? Initialize(part) : Finalize(part);
+            random() % 100 < (seed < 3 ? 60 : 45) ? Initialize(part) : Finalize(part);
             ASSERT_FALSE(HasFailure()) << "step " << step;
         }
     }
 }
 
 TEST_F(StartUp, CallersCountMayGoBelowZeroAndBeyondItsRange) {
-    int mine = 0;
-    int other = 5;
-    OrvLumWip_initialize(mine);
-    OrvLumWip_finalize(other);
-    EXPECT_EQ(mine, 1);
-    EXPECT_EQ(other, 4);
+    int least = std::numeric_limits<int>::min();
     int greatest = std::numeric_limits<int>::max();
     OrvLumWip_initialize(greatest);
+    OrvLumWip_finalize(least);
     EXPECT_EQ(greatest, std::numeric_limits<int>::min());
-    OrvLumWip_finalize(greatest);
-    EXPECT_EQ(greatest, std::numeric_limits<int>::max());
+    EXPECT_EQ(least, std::numeric_limits<int>::max());
 }
 
 TEST_F(StartUp, LoaderEntryStartsAndStopsWithACountOfItsOwn) {
     constexpr unsigned long detach = 0;
-    constexpr unsigned long attach = 1;
-    EXPECT_EQ(DllMain(nullptr, attach, nullptr), 1);
-    EXPECT_EQ(RegisteredNames().size(), 14U);
-    for (const unsigned long threadsAndUnknown : {2UL, 3UL, 4UL, ~0UL}) {
-        EXPECT_EQ(DllMain(nullptr, threadsAndUnknown, nullptr), 1);
-        EXPECT_EQ(RegisteredNames().size(), 14U) << threadsAndUnknown;
+    for (const unsigned long attachThreadsAndUnknown : {1UL, 2UL, 3UL, 4UL, ~0UL}) {
+        EXPECT_EQ(DllMain(nullptr, attachThreadsAndUnknown, nullptr), 1);
+        EXPECT_EQ(RegisteredNames().size(), 14U) << attachThreadsAndUnknown;
     }
     OrvLumGeom_initialize(count);
     OrvLumGeom_finalize(count);

@@ -19,43 +19,34 @@ private:
 };
 
 TEST_F(TypeTables, EveryTableIsWellFormed) {
-    const struct {
-        unsigned code;
-        std::string prefix;
-        typ_ArchCompEntry entry;
-        int count;
-        int named;
-    } components[] = {
+    const std::tuple<unsigned, std::string, typ_ArchCompEntry, int, std::size_t> components[] = {
         {848, "annC_", annC_ArchEntry(), 9, 8}, {36, "g3d_", g3d_ArchEntry(), 3, 2},
         {10, "mdl_", mdl_ArchEntry(), 20, 3},   {778, "gsl_", gsl_ArchEntry(), 15, 14},
         {19, "omu_", omu_ArchEntry(), 50, 30},
     };
-    for (const auto& component : components) {
-        ASSERT_EQ(component.entry.Count(), component.count) << component.prefix;
+    for (const auto& [code, prefix, entry, count, named] : components) {
+        ASSERT_EQ(entry.Count(), count) << prefix;
         std::set<std::string> names;
-        for (int i = 0; i < component.count; ++i) {
-            SCOPED_TRACE(component.prefix + std::to_string(i));
-            const typ_Entry& record = component.entry.Record(i);
-            const unsigned id = component.code * 65536U + static_cast<unsigned>(i);
+        for (int i = 0; i < count; ++i) {
+            SCOPED_TRACE(prefix + std::to_string(i));
+            const typ_Entry& record = entry.Record(i);
+            const unsigned id = code * 65536U + static_cast<unsigned>(i);
             EXPECT_EQ(typ_ArchCompTable::Name(id), record.name);
             EXPECT_EQ(record.flags, record.name == nullptr ? 0U : 7U);
-            EXPECT_TRUE(record.name != nullptr || record.parent == 1U);
+            const bool namedParent = record.name != nullptr && typ_ArchCompTable::Name(record.parent) != nullptr;
+            EXPECT_TRUE(record.parent == 1U || namedParent);
             EXPECT_TRUE(typ_ArchCompTable::IsDerived(id, 1));
             if (record.name == nullptr) continue;
-            EXPECT_TRUE(std::string(record.name).starts_with(component.prefix));
+            EXPECT_TRUE(std::string(record.name).starts_with(prefix));
             names.insert(record.name);
         }
-        EXPECT_EQ(names.size(), static_cast<std::size_t>(component.named)) << component.prefix;
-        EXPECT_EQ(component.entry.Record(0).name, nullptr) << component.prefix;
+        EXPECT_EQ(names.size(), named) << prefix;
+        EXPECT_EQ(entry.Record(0).name, nullptr) << prefix;
     }
 }
 
 TEST_F(TypeTables, TypesStandAtTheirIdentifiersBelowTheirParents) {
-    const struct {
-        unsigned id;
-        const char* name;
-        unsigned ancestor;
-    } types[] = {
+    const std::tuple<unsigned, const char*, unsigned> types[] = {
         {0x30A0001, "gsl_Point", 1},
         {0x30A0003, "gsl_Vector", 0x30A0001},
         {0x30A000E, "gsl_DotArray", 1},
@@ -72,9 +63,9 @@ TEST_F(TypeTables, TypesStandAtTheirIdentifiersBelowTheirParents) {
         {0x3500004, "annC_Point3DAnchor", 0x3500001},
         {0x3500007, "annC_Text", 0x3500005},
     };
-    for (const auto& type : types) {
-        EXPECT_STREQ(typ_ArchCompTable::Name(type.id), type.name);
-        EXPECT_TRUE(typ_ArchCompTable::IsDerived(type.id, type.ancestor)) << type.name;
+    for (const auto& [id, name, ancestor] : types) {
+        EXPECT_STREQ(typ_ArchCompTable::Name(id), name);
+        EXPECT_TRUE(typ_ArchCompTable::IsDerived(id, ancestor)) << name;
     }
     EXPECT_FALSE(typ_ArchCompTable::IsDerived(0x30A0002, 0x30A0001));
     EXPECT_STREQ(typ_ArchCompTable::Name(0x130009), "omu_RangeErrorException");

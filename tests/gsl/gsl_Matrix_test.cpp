@@ -75,11 +75,7 @@ TEST(gsl_Matrix, AxisRotationKeepsTheIdentityStateAndIsBelieved) {
 }
 
 TEST(gsl_Matrix, IdentityIsExaminedOnlyWhenUnknownAndThenMadeExact) {
-    const struct {
-        int row, column;
-        double value;
-        bool identity;
-    } cases[] = {
+    const std::tuple<int, int, double, bool> cases[] = {
         {0, 3, 1e-8, true},       {0, 3, std::nextafter(1e-8, 1.0), false},
         {1, 0, -1e-8, true},      {1, 0, std::nextafter(-1e-8, -1.0), false},
         {2, 2, 1.00000001, true}, {2, 2, std::nextafter(1.00000001, 2.0), false},
@@ -87,11 +83,11 @@ TEST(gsl_Matrix, IdentityIsExaminedOnlyWhenUnknownAndThenMadeExact) {
         {3, 0, 5.0, true},  // the fourth row is not looked at, and overwritten
         {0, 0, kNaN, false},
     };
-    for (const auto& c : cases) {
-        const gsl_Matrix matrix = With(gsl_Matrix(), c.row, c.column, c.value);
-        EXPECT_EQ(matrix.IsIdentity(), c.identity) << c.row << c.column << ' ' << c.value;
-        EXPECT_EQ(Difference(matrix, gsl_Matrix()) == 0.0, c.identity);
-        EXPECT_EQ(matrix.IsIdentity(), c.identity);
+    for (const auto& [row, column, value, identity] : cases) {
+        const gsl_Matrix matrix = With(gsl_Matrix(), row, column, value);
+        EXPECT_EQ(matrix.IsIdentity(), identity) << row << column << ' ' << value;
+        EXPECT_EQ(Difference(matrix, gsl_Matrix()) == 0.0, identity);
+        EXPECT_EQ(matrix.IsIdentity(), identity);
     }
 }
 

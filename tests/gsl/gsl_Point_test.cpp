@@ -57,24 +57,19 @@ TEST(gsl_Point, OrderingIsPerAxis) {
 }
 
 TEST(gsl_Point, LineWeightsReconstructTheProjectionInSwappedOrder) {
-    const struct {
-        gsl_Point point;
-        double end;  // of the line from the origin along x
-        bool inside;
-        double weights[2];
-    } cases[] = {
-        {{1.0, 7.0, 0.0}, 4.0, true, {0.25, 0.75}},  // the first weight is the second point's
-        {{6.0, 0.0, 0.0}, 4.0, false, {1.5, -0.5}},
-        {{-0.9e-6, 0.0, 0.0}, 4.0, true, {-2.25e-7, 1.0 + 2.25e-7}},
-        {{-1.1e-6, 0.0, 0.0}, 4.0, false, {-2.75e-7, 1.0 + 2.75e-7}},
-        {{1e-6, 0.0, 0.0}, 1e-6, true, {0.0, 1.0}},   // too short to be a line
-        {{2e-6, 0.0, 0.0}, 1e-6, false, {5.0, 5.0}},  // and then not touched
+    // The point, the end of the line from the origin along x, whether within, the weights.
+    const std::tuple<gsl_Point, double, bool, std::array<double, 2>> cases[] = {
+        {gsl_Point(1.0, 7.0, 0.0), 4.0, true, {0.25, 0.75}},  // the first weight is the second point's
+        {gsl_Point(6.0, 0.0, 0.0), 4.0, false, {1.5, -0.5}},
+        {gsl_Point(-0.9e-6, 0.0, 0.0), 4.0, true, {-2.25e-7, 1.0 + 2.25e-7}},
+        {gsl_Point(-1.1e-6, 0.0, 0.0), 4.0, false, {-2.75e-7, 1.0 + 2.75e-7}},
+        {gsl_Point(1e-6, 0.0, 0.0), 1e-6, true, {0.0, 1.0}},   // too short to be a line
+        {gsl_Point(2e-6, 0.0, 0.0), 1e-6, false, {5.0, 5.0}},  // and then not touched
     };
-    for (const auto& c : cases) {
-        double weights[2] = {5.0, 5.0};
-        EXPECT_EQ(c.point.Bary({}, {c.end, 0.0, 0.0}, weights), c.inside) << c.point;
-        EXPECT_DOUBLE_EQ(weights[0], c.weights[0]) << c.point;
-        EXPECT_DOUBLE_EQ(weights[1], c.weights[1]) << c.point;
+    for (const auto& [point, end, inside, weights] : cases) {
+        double found[2] = {5.0, 5.0};
+        EXPECT_EQ(point.Bary({}, {end, 0.0, 0.0}, found), inside) << point;
+        for (const std::size_t k : {0U, 1U}) EXPECT_DOUBLE_EQ(found[k], weights[k]) << point;
     }
 }
 

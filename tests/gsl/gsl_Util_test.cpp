@@ -32,14 +32,10 @@ TEST(gsl_Real, EqualIsInclusiveOnBothSides) {
 }
 
 TEST(gsl_Real, EqualDigComparesRoundedDigitsOnly) {
-    const struct {
-        double a, b;
-        int digits;
-        bool equal;
-    } cases[] = {
+    const std::tuple<double, double, int, bool> cases[] = {
         {1.23456, 1.23457, 5, true},
         {1.23456, 1.23457, 6, false},
-        {1.5, 1.5, 99, true},
+        {1.5, 1.5, 99, true},  // the same number always, others not beyond 15 digits
         {1.5, std::nextafter(1.5, 2.0), 15, true},
         {1.5, std::nextafter(1.5, 2.0), 16, false},
         {1.25, 12.5, 3, true},    // the decade is not compared
@@ -55,9 +51,9 @@ TEST(gsl_Real, EqualDigComparesRoundedDigitsOnly) {
         {kNaN, kNaN, 3, false},
         {std::numeric_limits<double>::max(), 1.797693, 7, true},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(gsl_RealEqualDig(c.a, c.b, c.digits), c.equal) << c.a << ' ' << c.b << ' ' << c.digits;
-        EXPECT_EQ(gsl_RealEqualDig(c.b, c.a, c.digits), c.equal) << c.b << ' ' << c.a << ' ' << c.digits;
+    for (const auto& [a, b, digits, equal] : cases) {
+        EXPECT_EQ(gsl_RealEqualDig(a, b, digits), equal) << a << ' ' << b << ' ' << digits;
+        EXPECT_EQ(gsl_RealEqualDig(b, a, digits), equal) << b << ' ' << a << ' ' << digits;
     }
 }
 

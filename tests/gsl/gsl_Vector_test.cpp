@@ -78,21 +78,14 @@ TEST(gsl_Vector, NormalizeRefusesOnlyBelowTheTolerance) {
 
 TEST(gsl_Vector, ComparisonsAreStrictOrInclusiveAsDeclared) {
     const gsl_Vector slanted(3.0, 4.0, 0.0), odd(kNaN, 0.0, 0.0);
-    EXPECT_FALSE(kZero == kX * 1e-6);
-    EXPECT_TRUE(kZero == kX * 0.99e-6);
-    EXPECT_TRUE(odd == odd);
-    EXPECT_TRUE(odd != gsl_Vector(odd));
-    EXPECT_FALSE(kX.IsOn(slanted, 0.8));  // the sine is exactly 4/5
-    EXPECT_TRUE(kX.IsOn(slanted * -2.0, 0.8125));
-    EXPECT_FALSE(kX.IsOn(kZero, 1.0));
-    EXPECT_TRUE(kX.IsOrthogonal({0.9e-10, -1.0, 0.0}));
-    EXPECT_FALSE(kX.IsOrthogonal({1e-10, 1.0, 0.0}));
-    EXPECT_FALSE(kX.IsOrthogonal(kZero));
-    EXPECT_TRUE(kX.SameDirection(kY, 1.0));  // components differ by exactly 1
-    EXPECT_FALSE(kX.SameDirection(kY, 0.9999));
+    EXPECT_TRUE(kZero == kX * 0.99e-6 && kZero != kX * 1e-6);
+    EXPECT_TRUE(odd == odd && odd != gsl_Vector(odd));
+    EXPECT_TRUE(kX.IsOn(slanted * -2.0, 0.8125) && !kX.IsOn(slanted, 0.8));  // the sine is exactly 4/5
+    EXPECT_TRUE(kX.IsOrthogonal({0.9e-10, -1.0, 0.0}) && !kX.IsOrthogonal({1e-10, 1.0, 0.0}));
+    EXPECT_FALSE(kX.IsOn(kZero, 1.0) || kX.IsOrthogonal(kZero));
+    EXPECT_TRUE(kX.SameDirection(kY, 1.0) && !kX.SameDirection(kY, 0.9999));  // components differ by exactly 1
     EXPECT_FALSE(slanted.SameDirection(slanted * -3.0, 0.5));
-    EXPECT_TRUE(slanted.IsParallel(slanted * 3.0, 1e-15));
-    EXPECT_TRUE(slanted.IsParallel(slanted * -3.0, 1e-15));
+    for (const double factor : {3.0, -3.0}) EXPECT_TRUE(slanted.IsParallel(slanted * factor, 1e-15));
     EXPECT_FALSE(slanted.IsParallel(kX, 0.25));
 }
 

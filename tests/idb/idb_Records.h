@@ -89,6 +89,7 @@ struct Everything {
     cow_List<cow_String> strings{"", "x"};
     cow_List<Small> smalls{Small(1, "one"), Small(2, "")};
     cow_List<cow_CountedHld<Shape>> shapes;
+    cow_List<gsl_Point> points{gsl_Point(1, 2, 3), gsl_Point(-4, 5, 6)};
     cow_2DArray<double> matrix{2, 3};
     cow_2DArray<int> noMatrix;
     cow_Map<cow_String, double> byName;
@@ -126,6 +127,7 @@ struct Everything {
         f("part", e.part...), f("shape", e.shape...), f("sameShape", e.sameShape...), f("noShape", e.noShape...);
         f("held", e.held...), f("ints", e.ints...), f("unsigneds", e.unsigneds...), f("floats", e.floats...);
         f("doubles", e.doubles...), f("strings", e.strings...), f("smalls", e.smalls...), f("shapes", e.shapes...);
+        f("points", e.points...);
         f("matrix", e.matrix...), f("noMatrix", e.noMatrix...), f("byName", e.byName...);
         f("byNumber", e.byNumber...), f("smallByName", e.smallByName...), f("shapeByNumber", e.shapeByNumber...);
         f("curves", e.curves...), f("tables", e.tables...);
