@@ -5,6 +5,8 @@
 #include <base/nex_StreamException.h>
 #include <base/nex_Throw.h>
 
+#include <string>
+
 namespace {
 [[noreturn]] void ThrowCannotBeMade() { nex_Throw(nex_StreamException("class cannot be made from a stream")); }
 }  // namespace
@@ -12,13 +14,18 @@ namespace {
 cls_MementoRead::~cls_MementoRead() = default;
 
 std::shared_ptr<void> cls_MementoRead::ReadObjPtr(const cls_FieldHandle& field, unsigned asClass) const {
-    const cls_MementoRead* child = MakeReadObj(field);
-    return child == nullptr ? nullptr : cls_MakeObject(*child, asClass, false);
+    return ReadObj(field, asClass, false);
 }
 
 std::shared_ptr<void> cls_MementoRead::ReadObjCow(const cls_FieldHandle& field, unsigned asClass) const {
+    return ReadObj(field, asClass, true);
+}
+
+std::shared_ptr<void> cls_MementoRead::ReadObj(const cls_FieldHandle& field, unsigned asClass, bool shared) const {
     const cls_MementoRead* child = MakeReadObj(field);
-    return child == nullptr ? nullptr : cls_MakeObject(*child, asClass, true);
+    if (child == nullptr) return nullptr;
+    if (asClass == 0) asClass = Registrar().Find(ClassId())->Attributes().at(std::string(field.Name())).classId;
+    return cls_MakeObject(*child, asClass, shared);
 }
 
 std::shared_ptr<void> cls_MakeObject(const cls_MementoRead& memento, unsigned asClass, bool shared) {

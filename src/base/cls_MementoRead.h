@@ -44,15 +44,18 @@ public:
     /// The object made for this memento's number so far; null when none was.
     [[nodiscard]] virtual std::shared_ptr<void> getObjectPtr() const = 0;
 
-    /// A fresh object of the field's stored class, as a pointer to its part of class `asClass`; null when the stream
-    /// carried none. Throws nex_StreamException ("class cannot be made from a stream") for an unknown or abstract
-    /// class and for one that does not derive from `asClass`.
-    [[nodiscard]] std::shared_ptr<void> ReadObjPtr(const cls_FieldHandle& field, unsigned asClass) const;
+    /// A fresh object of the field's stored class, as a pointer to its part of class `asClass` (0: the class that the
+    /// field is declared with); null when the stream carried none. Throws nex_StreamException ("class cannot be made
+    /// from a stream") for an unknown or abstract class and for one that does not derive from `asClass`.
+    [[nodiscard]] std::shared_ptr<void> ReadObjPtr(const cls_FieldHandle& field, unsigned asClass = 0) const;
     /// The same, but one object for all references to one number.
-    [[nodiscard]] std::shared_ptr<void> ReadObjCow(const cls_FieldHandle& field, unsigned asClass) const;
+    [[nodiscard]] std::shared_ptr<void> ReadObjCow(const cls_FieldHandle& field, unsigned asClass = 0) const;
 
     [[nodiscard]] virtual bio_Ifilter& Filter() const = 0;
     [[nodiscard]] virtual const cls_ClassRegistrar& Registrar() const = 0;
+
+private:
+    [[nodiscard]] std::shared_ptr<void> ReadObj(const cls_FieldHandle& field, unsigned asClass, bool shared) const;
 };
 
 /// What `ReadObjPtr` (`shared` false) and `ReadObjCow` (true) do, for a memento at hand: an entry of a collection,

@@ -43,16 +43,16 @@ TEST(gsl_Point, EqualityIncludesTheBoundaryAndIsOnDoesNot) {
 }
 
 TEST(gsl_Point, OrderingIsPerAxis) {
-    const gsl_Point ones(1.0, 1.0, 1.0);
+    const gsl_Point base(1.0, 2.0, 3.0);
     for (unsigned axis = 0; axis < 3; ++axis) {
-        gsl_Point p(2.0, 2.0, 2.0);
-        EXPECT_TRUE(p > ones && p >= ones);
-        p[axis] = 1.0;
-        EXPECT_TRUE(!(p > ones) && p >= ones);
+        gsl_Point p = base + gsl_Vector(0.5, 0.5, 0.5);
+        EXPECT_TRUE(p > base && p >= base);
+        p[axis] = base[axis];
+        EXPECT_TRUE(!(p > base) && p >= base);
         p[axis] = kNaN;
-        EXPECT_TRUE(!(p > ones) && p >= ones);
-        p[axis] = 0.5;
-        EXPECT_FALSE(p > ones || p >= ones);
+        EXPECT_TRUE(!(p > base) && p >= base);
+        p[axis] = base[axis] - 0.5;
+        EXPECT_FALSE(p > base || p >= base);
     }
 }
 

@@ -82,6 +82,9 @@ TEST_F(idb_Hostile, PrefixesAndBitChanges) {
     Attack(gsl_PersistentVector(1, 2, 3));
     Attack(gsl_PersistentMatrix());
     Attack(LineRecord());
+    omu_xoObjVarray<gsl_Dot> dots;
+    dots.Append(gsl_Dot());
+    Attack(dots);
     Attack(Square(2.0));
     Attack(Everything::Filled());
 }

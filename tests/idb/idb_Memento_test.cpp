@@ -112,6 +112,13 @@ TEST(idb_Memento, NumbersObjectsByFirstAppearanceAndNeverReusesANumber) {
     for (int i = 0; i < 3; ++i) EXPECT_EQ(read[static_cast<std::size_t>(i)].shape->Area(), i * i);
     EXPECT_EQ(in.Remaining(), 0U);
 
+    const std::string shared = Written(r, Everything::Filled());
+    bio_Ifilter sharing(shared);
+    const idb_MementoRead memento(sharing, r, Everything::TypeId());
+    EXPECT_EQ(memento.ReadObjCow("shape"), memento.ReadObjCow("sameShape", Shape::TypeId()));
+    EXPECT_NE(memento.ReadObjPtr("shape"), memento.ReadObjCow("shape"));
+    EXPECT_EQ(memento.ReadObjPtr("noShape"), nullptr);
+
     bio_Ifilter roots(Written(r, Square(3.0)) + Written(r, Square(4.0)));
     EXPECT_EQ(idb_ReadShared<Shape>(roots, r)->Area(), 9.0);
     EXPECT_EQ(idb_ReadShared<Square>(roots, r)->sides, 4);

@@ -5,6 +5,7 @@
 #include <base/cls_WriteVisitor.h>
 #include <base/nex_StreamException.h>
 #include <base/nex_Throw.h>
+#include <gsl/gsl_Dot.h>
 #include <gsl/gsl_PersistentMatrix.h>
 #include <gsl/gsl_PersistentVector.h>
 #include <gsl/gsl_Point.h>
@@ -225,6 +226,8 @@ inline const cls_ClassRegistrar& TestRegistrar() {
         gsl_Point::InitializeMetadata(r);
         gsl_PersistentVector::InitializeMetadata(r);
         gsl_PersistentMatrix::InitializeMetadata(r);
+        gsl_Dot::InitializeMetadata(r);
+        omu_xoObjVarray<gsl_Dot>::InitializeMetadata(r);
         return &r;
     }();
     return *registrar;
