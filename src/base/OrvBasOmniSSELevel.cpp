@@ -5,6 +5,10 @@
 #include <cstdlib>
 #include <string_view>
 
+#if defined(__x86_64__) || defined(__i386__)
+#include <cpuid.h>
+#endif
+
 namespace {
 
 struct Level {
@@ -22,18 +26,33 @@ constexpr Level levels[] = {
 /// 0 until forced or detected. Atomic because any thread may be the one that detects.
 std::atomic<int> levelWord = 0;
 
-int DetectLevel() {
 #if defined(__x86_64__) || defined(__i386__)
-    __builtin_cpu_init();
-    if (__builtin_cpu_supports("avx")) return 0x20000;
-    if (__builtin_cpu_supports("sse4.2")) return 0x8000;
-    if (__builtin_cpu_supports("sse4.1")) return 0x2000;
-    if (__builtin_cpu_supports("ssse3")) return 0x1000;
-    if (__builtin_cpu_supports("sse3")) return 0x800;
-    if (__builtin_cpu_supports("sse2")) return 0x200;
-#endif
-    return noSSE;
+
+/// Whether the system saves the wide registers on a switch of threads, without which AVX must not be used.
+bool WideRegistersAreSaved() {
+    unsigned low = 0, high = 0;
+    __asm__("xgetbv" : "=a"(low), "=d"(high) : "c"(0));
+    return (low & 6) == 6;
 }
+
+// Asked for on first use by hand: the compiler's own detection runs as the library is loaded, and costs a virtual
+// machine's guest a tenth of a millisecond.
+int DetectLevel() {
+    unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
+    if (!__get_cpuid(1, &eax, &ebx, &ecx, &edx)) return noSSE;
+    if ((ecx & bit_AVX) && (ecx & bit_OSXSAVE) && WideRegistersAreSaved()) return 0x20000;
+    if (ecx & bit_SSE4_2) return 0x8000;
+    if (ecx & bit_SSE4_1) return 0x2000;
+    if (ecx & bit_SSSE3) return 0x1000;
+    if (ecx & bit_SSE3) return 0x800;
+    return (edx & bit_SSE2) ? 0x200 : noSSE;
+}
+
+#else
+
+int DetectLevel() { return noSSE; }
+
+#endif
 
 void MarkNotified() {
 #if defined(_WIN32)

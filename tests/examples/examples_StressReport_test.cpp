@@ -7,7 +7,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <regex>
 
 namespace {
 
@@ -86,6 +85,12 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
     return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
 
+std::string EachReplaced(std::string text, std::string_view from, std::string_view to) {
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
     const ChildResult child = Run(bracket);
     EXPECT_EQ(child.exitCode, 0);
@@ -109,8 +114,7 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
     const ChildResult dump = RunProgram({ORV_PROGRAM_DIR "/memento_dump", stream.string()});
     EXPECT_EQ(dump.exitCode, 0);
     EXPECT_THAT(dump.out, StartsWith("00000000  gsl_Matrix"));
-    const std::regex point("gsl_Point");
-    EXPECT_EQ(std::distance(std::sregex_iterator(dump.out.begin(), dump.out.end(), point), {}), 1803);
+    EXPECT_EQ(EachReplaced(dump.out, "gsl_Point", "gsl_Point.").size() - dump.out.size(), 1803U);
 }
 
 TEST_F(StressReport, RefusesWhatIsNoWholeResultFile) {
@@ -133,7 +137,7 @@ TEST_F(StressReport, ReadsColumnsAndNotWords) {
     EXPECT_THAT(plain.out, HasSubstr("1 two-node lines, material 2\n"));
     EXPECT_THAT(plain.out, HasSubstr("extents   (-1, -2, -3) to (1, 2, 5)\n"));
     EXPECT_THAT(plain.out, HasSubstr("set 7, time 1.5\n    greatest 0.3 at node 1 (-1, -2, -3)\n"));
-    EXPECT_EQ(RunText(std::regex_replace(deck, std::regex("\n"), "\r\n")).out, plain.out);
+    EXPECT_EQ(RunText(EachReplaced(deck, "\n", "\r\n")).out, plain.out);
 
     // Numbers as Fortran may print them: an exponent of three digits, too small for a double, D for E.
     const std::string first = "-1.00000E-01-2.00000E-01-2.00000E-01", second = " 0.00000E+00 0.00000E+00-2.50000E-01";
