@@ -1,6 +1,7 @@
 #include <base/OrvLumBasicUtils.h>
 #include <base/cls_ClassRegistrar.h>
 #include <base/cls_MetadataRegistrar.h>
+#include <base/nex_CommandException.h>
 #include <base/omi_Singleton.h>
 #include <base/orv_StartUpCounter.h>
 #include <base/typ_ArchCompTable.h>
@@ -12,15 +13,16 @@ orv_StartUpCounter shared;
 orv_StartUpCounter coreUtils;
 orv_StartUpCounter alloc;
 
-void RegisterTextClasses(cls_ClassRegistrar& registrar) {
+void RegisterClasses(cls_ClassRegistrar& registrar) {
     registrar.AddClass("cow_String", 0x1A0001, 0).Attribute("STRING", cls_StringAttribute);
     registrar.AddClass("atr_String", 0x1A0007, 0).Attribute("TRSTRING", cls_TextAttribute);
+    nex_CommandException::InitializeMetadata(registrar);
 }
 
 }  // namespace
 
 void OrvLumBasicUtils_initialize(int& count) {
-    if (basicUtils.Start(count)) cls_MetadataRegistrar::Instance().initClassMetadata(RegisterTextClasses, 0);
+    if (basicUtils.Start(count)) cls_MetadataRegistrar::Instance().initClassMetadata(RegisterClasses, 0);
 }
 
 void OrvLumBasicUtils_finalize(int& count) {

@@ -1,3 +1,6 @@
+#include <base/cls_ClassRegistrar.h>
+#include <base/cls_ReadVisitor.h>
+#include <base/cls_WriteVisitor.h>
 #include <base/nex_CommandException.h>
 
 nex_CommandException* nex_CommandException::Copy() const { return new nex_CommandException(*this); }
@@ -6,3 +9,18 @@ const char* nex_CommandException::PythonType() const { return "RuntimeError"; }
 atr_String nex_CommandException::JournalMessage(OrvBasStringMode mode) const {
     return atr_String(what()).Convert(mode);
 }
+
+// ---- Persistence
+
+unsigned nex_CommandException::DynTypeId() const { return TypeId(); }
+
+void nex_CommandException::InitializeMetadata(cls_ClassRegistrar& registrar) {
+    registrar.Class<nex_CommandException>("nex_CommandException", 0).Add<cow_String>("m_Message");
+}
+
+void nex_CommandException::DBWrite(const cls_WriteVisitor& visitor) const {
+    visitor.Write("m_Message", cow_String(std::string_view(what())));
+}
+
+nex_CommandException::nex_CommandException(const cls_ReadVisitor& visitor)
+    : nex_CommandException(visitor.Read("m_Message", cow_String())) {}

@@ -6,6 +6,10 @@
 #include <base/nex_Exception.h>
 #include <base/orv_Export.h>
 
+class cls_ClassRegistrar;
+class cls_ReadVisitor;
+class cls_WriteVisitor;
+
 /// A scripting command that failed, with what the scripting layer needs to raise it there.
 class ORV_EXPORT nex_CommandException : public nex_Exception {
 public:
@@ -19,6 +23,14 @@ public:
 
     /// The text for the user's journal, in the encoding of `mode`. Here the message.
     [[nodiscard]] virtual atr_String JournalMessage(OrvBasStringMode mode) const;
+
+    // ---- Persistence: the message. A derived class that is registered as derived from this one persists as itself.
+
+    [[nodiscard]] static constexpr unsigned TypeId() noexcept { return 0x1A0002; }
+    [[nodiscard]] unsigned DynTypeId() const override;
+    static void InitializeMetadata(cls_ClassRegistrar& registrar);
+    virtual void DBWrite(const cls_WriteVisitor& visitor) const;
+    explicit nex_CommandException(const cls_ReadVisitor& visitor);
 };
 
 #endif
