@@ -1,11 +1,41 @@
+#include <base/cls_MetadataRegistrar.h>
+#include <base/omi_Singleton.h>
 #include <base/orv_StartUpCounter.h>
 #include <base/typ_ArchCompTable.h>
 #include <frame/OrvLumOmu.h>
 #include <frame/detail/orv_TypeTable.h>
+#include <omu/omu_ArgNumberErrorException.h>
+#include <omu/omu_ArgTypeErrorException.h>
+#include <omu/omu_AttributeErrorException.h>
+#include <omu/omu_GenericTypeErrorException.h>
+#include <omu/omu_KeywordErrorException.h>
+#include <omu/omu_KeywordTypeErrorException.h>
+#include <omu/omu_PrimArray.h>
+#include <omu/omu_PrimBool.h>
+#include <omu/omu_PrimBoolean.h>
+#include <omu/omu_PrimComplex.h>
+#include <omu/omu_PrimDictionary.h>
+#include <omu/omu_PrimDictionaryBase.h>
+#include <omu/omu_PrimEnumBase.h>
+#include <omu/omu_PrimException.h>
+#include <omu/omu_PrimExpr.h>
+#include <omu/omu_PrimList.h>
+#include <omu/omu_PrimNone.h>
+#include <omu/omu_PrimNumber.h>
+#include <omu/omu_PrimSequence.h>
+#include <omu/omu_PrimString.h>
+#include <omu/omu_PrimTranslatedString.h>
+#include <omu/omu_PrimTuple.h>
+#include <omu/omu_PrimType.h>
+#include <omu/omu_Primitive.h>
+#include <omu/omu_RangeErrorException.h>
+#include <omu/omu_SymbolicConstantTable.h>
+#include <omu/omu_TextRepr.h>
+#include <omu/omu_TypeErrorException.h>
+#include <omu/omu_TypeId.h>
+#include <omu/omu_VelNameErrorException.h>
 
 namespace {
-
-constexpr unsigned short componentCode = 19;
 
 constexpr orv_TypeRow types[] = {
     {0x01, "omu_TypeErrorException"},
@@ -39,7 +69,41 @@ constexpr orv_TypeRow types[] = {
     {0x30, "omu_PrimTranslatedString", 0x18},
     {0x31, "omu_PrimBoolean", 0x11},
 };
-constexpr auto records = orv_TypeTable<0x32>(componentCode, types);
+constexpr auto records = orv_TypeTable<0x32>(omu_ComponentCode, types);
+
+/// The classes that persist, a base before what derives from it.
+constexpr void (*registrations[])(cls_ClassRegistrar&) = {
+    omu_TypeErrorException::InitializeMetadata,
+    omu_KeywordTypeErrorException::InitializeMetadata,
+    omu_ArgTypeErrorException::InitializeMetadata,
+    omu_ArgNumberErrorException::InitializeMetadata,
+    omu_KeywordErrorException::InitializeMetadata,
+    omu_GenericTypeErrorException::InitializeMetadata,
+    omu_AttributeErrorException::InitializeMetadata,
+    omu_RangeErrorException::InitializeMetadata,
+    omu_VelNameErrorException::InitializeMetadata,
+    omu_Primitive::InitializeMetadata,
+    omu_PrimNumber::InitializeMetadata,
+    omu_PrimString::InitializeMetadata,
+    omu_PrimTranslatedString::InitializeMetadata,
+    omu_PrimBoolean::InitializeMetadata,
+    omu_PrimNone::InitializeMetadata,
+    omu_PrimComplex::InitializeMetadata,
+    omu_PrimExpr::InitializeMetadata,
+    omu_PrimType::InitializeMetadata,
+    omu_PrimEnumBase::InitializeMetadata,
+    omu_PrimBool<2>::InitializeMetadata,
+    omu_PrimDictionaryBase::InitializeMetadata,
+    omu_PrimDictionary<int>::InitializeMetadata,
+    omu_PrimDictionary<cow_String>::InitializeMetadata,
+    omu_PrimSequence::InitializeMetadata,
+    omu_PrimTuple::InitializeMetadata,
+    omu_PrimList::InitializeMetadata,
+    omu_PrimArray::InitializeMetadata,
+    omu_PrimException::InitializeMetadata,
+};
+/// Of command exceptions and scripting values.
+constexpr unsigned registrationFlags = 2;
 
 orv_StartUpCounter counter;
 
@@ -48,7 +112,14 @@ orv_StartUpCounter counter;
 typ_ArchCompEntry omu_ArchEntry() { return {records.data(), static_cast<int>(records.size())}; }
 
 void OrvLumOmu_initialize(int& count) {
-    if (counter.Start(count)) typ_ArchCompTable::InsertEntry(componentCode, omu_ArchEntry());
+    if (!counter.Start(count)) return;
+    typ_ArchCompTable::InsertEntry(omu_ComponentCode, omu_ArchEntry());
+    cls_MetadataRegistrar& registrar = cls_MetadataRegistrar::Instance();
+    for (const auto& each : registrations) registrar.initClassMetadata(each, registrationFlags);
 }
 
-void OrvLumOmu_finalize(int& count) { counter.Stop(count); }
+void OrvLumOmu_finalize(int& count) {
+    if (!counter.Stop(count)) return;
+    omi_Singleton<omu_SymbolicConstantTable>::Finalize();
+    omi_Singleton<omu_TextRepr>::Finalize();
+}
