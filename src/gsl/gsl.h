@@ -3,6 +3,7 @@
 
 #include <gsl/gsl_BBox.h>
 #include <gsl/gsl_Dot.h>
+#include <gsl/gsl_GetPoint.h>
 #include <gsl/gsl_Matrix.h>
 #include <gsl/gsl_ModelSegment.h>
 #include <gsl/gsl_PersistentMatrix.h>
