@@ -4,7 +4,7 @@
 set -eu
 
 demo="g++ cmake ninja-build ccache"
-check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev python3"
+check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev python3"
 case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;

@@ -15,15 +15,26 @@ endfunction()
 set(configure "${CMAKE_COMMAND}" -S "${consumer}" -G "${GENERATOR}"
     "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}")
 
-# The program of the README's first page.
-file(READ "${SOURCE_DIR}/README.md" readme)
-string(REGEX MATCH "```cpp\n([^`]*)```" block "${readme}")
-file(WRITE "${work}/readme.cpp" "${CMAKE_MATCH_1}")
+# The programs of the documents: the first C++ block of each, and the text block behind it as what it prints.
+set(documents README docs/scripting)
+foreach(document IN LISTS documents)
+    cmake_path(GET document FILENAME name)
+    file(READ "${SOURCE_DIR}/${document}.md" text)
+    string(REGEX MATCH "```cpp\n([^`]*)```[^`]*(```text\n([^`]*)```)?" block "${text}")
+    file(WRITE "${work}/programs/${name}.cpp" "${CMAKE_MATCH_1}")
+    set(output_${name} "${CMAKE_MATCH_3}")
+endforeach()
 
 run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${work}/prefix")
-run(${configure} -B "${work}/package" "-DCMAKE_PREFIX_PATH=${work}/prefix" "-DREADME_PROGRAM=${work}/readme.cpp")
+run(${configure} -B "${work}/package" "-DCMAKE_PREFIX_PATH=${work}/prefix" "-DPROGRAMS=${work}/programs")
 run("${CMAKE_COMMAND}" --build "${work}/package")
 run("${work}/package/consumer")
-run("${work}/package/readme")
+foreach(document IN LISTS documents)
+    cmake_path(GET document FILENAME name)
+    execute_process(COMMAND "${work}/package/${name}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
+    if(NOT result EQUAL 0 OR (output_${name} AND NOT output STREQUAL output_${name}))
+        message(FATAL_ERROR "${document}.md: its program returns ${result} and prints\n${output}")
+    endif()
+endforeach()
 
 run(${configure} -B "${work}/subdirectory" "-DORVLUMGEOM_SOURCE_DIR=${SOURCE_DIR}")
