@@ -131,7 +131,7 @@ private:
     typename Map::const_iterator _at;
 };
 
-extern template class omu_PrimDictionary<int>;
-extern template class omu_PrimDictionary<cow_String>;
+extern template class ORV_EXPORT omu_PrimDictionary<int>;
+extern template class ORV_EXPORT omu_PrimDictionary<cow_String>;
 
 #endif
