@@ -2,16 +2,8 @@
 // against a model of its own; what each type of target reads and how a refusal is told; and the reads of deprecated
 // arguments.
 
-#include <base/nex_CommandException.h>
-#include <omu/omu_Arguments.h>
-#include <omu/omu_PrimArray.h>
-#include <omu/omu_PrimBool.h>
-#include <omu/omu_PrimExpr.h>
-#include <omu/omu_PrimList.h>
-#include <omu/omu_PrimNone.h>
-#include <omu/omu_PrimType.h>
-#include <omu/omu_VelmorName.h>
 #include <support/ChildProcess.h>
+#include <support/values.h>
 
 #include <gtest/gtest.h>
 
@@ -231,43 +223,6 @@ TEST(omu_Arguments, AreReadAsTheModelReadsThem) {
 
 // ---- What a target reads
 
-template <class S = omu_PrimTuple, class... V>
-S Of(const V&... values) {
-    S sequence;
-    (sequence.Put(values), ...);
-    return sequence;
-}
-
-using Kinds = omu_PrimEnum<omu_PrimNumber::DataTypeEnm>;
-
-/// No two of them print alike.
-std::vector<std::unique_ptr<omu_Primitive>> Samples() {
-    omu_PrimTuple gap('(', 2), rowAndGap('(', 2);
-    gap.Put(7);
-    rowAndGap.Put(Of(7.5));
-    cow_Map<cow_String, float> floats;
-    floats.Insert("f", 0.5F);
-    omu_PrimDictionary<int> byInt;
-    byInt.Put(true, -1);
-    omu_PrimDictionary<cow_String> byText, doubles;
-    doubles.Put(0.5, "d");
-    const double numbers[] = {8.5, 9.5};
-
-    std::vector<std::unique_ptr<omu_Primitive>> samples;
-    const auto add = [&](const auto&... values) { (samples.push_back(omu_MakePrimitive(values)), ...); };
-    add(static_cast<signed char>(-5), short{-300}, 7, 4294967295U, 0.5F, 2.5, true, omi_complex(1.5, 2.0));
-    add(cow_String("text"), OrvBasUtlFilePath("1.\"x"), atr_String("translated"));
-    add(omu_PrimNone(), omu_PrimType("Part"), omu_PrimExpr("1+1"));
-    add(omu_PrimBool<2>("ON"), omu_PrimEnumBase("OFF"), omu_PrimEnumBase("on"), omu_PrimEnumBase("%n\xFF"),
-        Kinds(omu_PrimNumber::INT), omu_PrimEnumBase("UINT"));
-    add(Of(), Of(1, 2), cow_List<int>{3}, Of(short{4}), Of(5, 6.0), gap, cow_List<float>{0.5F, 1.5F}, Of(2.5));
-    add(Of(true, omu_PrimEnumBase("OFF")), cow_List<cow_String>{"a", "b"}, cow_List<atr_String>{"c"});
-    add(Of(Of(0.5, 1.5), cow_List<double>{2.5, 3.5}), Of(Of(0.5, 1.5), Of(2.5)), Of(Of(0.5), 0.5), rowAndGap,
-        Of<omu_PrimList>(Of(), cow_List<int>()), cow_2DArray<cow_String>(1, 2, {"a", "b"}));
-    add(byInt, byText, floats, doubles, omu_PrimArray(1, {2}, numbers));
-    return samples;
-}
-
 template <class T>
 std::string Show(const T& value) {
     if constexpr (std::is_same_v<T, omu_PrimNone>)
@@ -283,12 +238,12 @@ std::string Show(const T& value) {
 template <class T>
 std::string Reads(const T& before, const std::string& expected) {
     std::string accepted[2];
-    for (const auto& sample : Samples()) {
-        SCOPED_TRACE(expected + " <- " + sample->AsString().str());
+    for (const Sample& each : Samples()) {
+        SCOPED_TRACE(expected + " <- " + each.text);
         for (const bool byKeyword : {false, true}) {
             omu_Arguments arguments;
             T target = before;
-            byKeyword ? arguments.Put(*sample, "%d") : arguments.Put(*sample);
+            byKeyword ? arguments.Put(*each.value, "%d") : arguments.Put(*each.value);
             arguments.Begin();
             arguments.Get(target, "%d");
             const std::string end = Ended(arguments);
@@ -296,8 +251,8 @@ std::string Reads(const T& before, const std::string& expected) {
                 accepted[byKeyword] += " " + Show(target);
                 continue;
             }
-            const cow_String found = sample->IsType('c') ? sample->AsString() : sample->TypeString();
-            EXPECT_EQ(end, (byKeyword ? "2 %d; found " : "3 arg1; found ") + found.str() + ", expecting " + expected);
+            const std::string found = each.type == 'c' ? each.text : each.typeString;
+            EXPECT_EQ(end, (byKeyword ? "2 %d; found " : "3 arg1; found ") + found + ", expecting " + expected);
             EXPECT_EQ(Show(target), Show(before));
         }
     }
@@ -313,41 +268,46 @@ TEST(omu_Arguments, AreReadStrictlyByType) {
     EXPECT_EQ(Reads(1.0F, "float"), " 0.5");
     EXPECT_EQ(Reads(1.0, "float"), " 2.5");
     for (const bool before : {false, true}) EXPECT_EQ(Reads(before, "Boolean"), " True True False");
-    EXPECT_EQ(Reads(cow_String("-"), "string"), " 'text' '1.\"x'");
-    EXPECT_EQ(Reads(OrvBasUtlFilePath("-"), "string"), " 'text' '1.\"x'");
-    EXPECT_EQ(Reads(omu_VelmorName("-"), "string"), " text 1.\"x") << "not checked";
-    EXPECT_EQ(Reads(atr_String("-"), "tran_string"), " 'translated'");
+    EXPECT_EQ(Reads(cow_String("-"), "string"), R"( "it's" '' 'text' '1."x')");
+    EXPECT_EQ(Reads(OrvBasUtlFilePath("-"), "string"), R"( "it's" '' 'text' '1."x')");
+    EXPECT_EQ(Reads(omu_VelmorName("-"), "string"), R"( it's  text 1."x)") << "not checked";
+    EXPECT_EQ(Reads(atr_String("-"), "tran_string"), R"( 'a\n\\')");
     EXPECT_EQ(Reads(omi_complex(3.0), "complex"), " 1.5+2j");
     EXPECT_EQ(Reads(omu_PrimBool<2>(false), "OFF or ON"), " ON OFF");
     EXPECT_EQ(Reads(Kinds("SHORT"), "DOUBLE, FLOAT, INT, SCHAR, SHORT or UINT"), " INT UINT");
     EXPECT_EQ(Reads(omu_PrimEnumBase("INT"), "INT"), "") << "no list of permissible names";
     EXPECT_EQ(Reads(omu_PrimNone(), "None"), " set");
-    EXPECT_EQ(Reads(omu_PrimType(""), "type"), " PartType");
+    EXPECT_EQ(Reads(omu_PrimType(""), "type"), " PartType Type");
 }
 
 TEST(omu_Arguments, AreReadAsAWholeOrNotAtAll) {
-    EXPECT_EQ(Reads(cow_List<int>{9}, "tuple"), " () (1, 2) (3,)");
-    EXPECT_EQ(Reads(cow_List<float>{9}, "tuple"), " () (0.5, 1.5)");
-    EXPECT_EQ(Reads(cow_List<double>{9}, "tuple"), " () (2.5,)");
-    EXPECT_EQ(Reads(cow_List<bool>{true}, "tuple"), " () (True, False)");
-    EXPECT_EQ(Reads(cow_List<cow_String>{"-"}, "tuple"), " () ('a', 'b')");
-    EXPECT_EQ(Reads(cow_List<atr_String>{"-"}, "tuple"), " () ('c',)");
-    EXPECT_EQ(Reads(cow_2DArray<double>(1, 1), "tuple"), " () ((0.5, 1.5), (2.5, 3.5)) ((), ())");
-    EXPECT_EQ(Reads(cow_2DArray<cow_String>(1, 1), "tuple"), " () ((), ()) (('a', 'b'),)");
+    EXPECT_EQ(Reads(cow_List<int>{9}, "tuple"), " () (1, 2) (3,) ()");
+    EXPECT_EQ(Reads(cow_List<float>{9}, "tuple"), " () (0.5, 1.5) ()");
+    EXPECT_EQ(Reads(cow_List<double>{9}, "tuple"), " () (2.5,) (2.0, 3.5) ()");
+    EXPECT_EQ(Reads(cow_List<bool>{true}, "tuple"), " () (True, False) (False, True) ()");
+    EXPECT_EQ(Reads(cow_List<cow_String>{"-"}, "tuple"), " () ('a', 'b') ()");
+    EXPECT_EQ(Reads(cow_List<atr_String>{"-"}, "tuple"), " () ('c',) ()");
+    EXPECT_EQ(Reads(cow_2DArray<double>(1, 1), "tuple"),
+              " () ((0.5, 1.5), (2.5, 3.5)) ((), ()) ((1.0, 2.0), (3.0, 4.0)) ()");
+    EXPECT_EQ(Reads(cow_2DArray<cow_String>(1, 1), "tuple"), " () ((), ()) (('a', 'b'),) ()");
     EXPECT_EQ(Reads(omu_PrimArray(), "array"),
-              " () (1, 2) (3,) (5.0, 6.0) (0.5, 1.5) (2.5,) ((0.5, 1.5), (2.5, 3.5)) ((), ()) (8.5, 9.5)");
-    const std::string lists = " ((), ()) (('a', 'b'),)";
-    EXPECT_EQ(Reads(Of<omu_PrimList>(9), "list"), " (3,) (0.5, 1.5) ('a', 'b') ('c',)" + lists);
+              " () (1, 2) (5.0, 6.0) (2.5,) ((0.5, 1.5), (2.5, 3.5)) ((), ()) (3,) (0.5, 1.5) (2.0, 3.5) "
+              "((1.0, 2.0), (3.0, 4.0)) () (8.5, 9.5)");
+    const std::string lists =
+        " ((), ()) (3,) (False, True) (0.5, 1.5) (2.0, 3.5) ('a', 'b') ('c',) (on,) ((1.0, 2.0), (3.0, 4.0)) "
+        "(('a', 'b'),) ()";
+    EXPECT_EQ(Reads(Of<omu_PrimList>(9), "list"), lists);
     EXPECT_EQ(Reads(Of(9), "tuple"),
-              " () (1, 2) (3,) (4,) (5, 6.0) (7,) (0.5, 1.5) (2.5,) (True, OFF) ('a', 'b') ('c',) ((0.5, 1.5), (2.5, "
-              "3.5)) ((0.5, 1.5), (2.5,)) ((0.5,), 0.5) ((7.5,),)" +
+              " () (1, 2) (4,) (5, 6.0) (7,) (2.5,) (True, OFF) ((0.5, 1.5), (2.5, 3.5)) ((0.5, 1.5), (2.5,)) "
+              "((0.5,), 0.5) ((7.5,),)" +
                   lists);
 
     cow_Map<cow_String, float> before;
     before.Insert("z", 9.0F);
-    EXPECT_EQ(Reads(before, "dictionary with string keys"), " {} {'f': 0.5}");
+    EXPECT_EQ(Reads(before, "dictionary with string keys"), R"( {} {"it's": 0.5})");
     EXPECT_EQ(Reads(omu_PrimDictionary<int>(), "dictionary with integer keys"), " {-1: True}");
-    EXPECT_EQ(Reads(omu_PrimDictionary<cow_String>(), "dictionary with string keys"), " {} {'f': 0.5} {'d': 0.5}");
+    EXPECT_EQ(Reads(omu_PrimDictionary<cow_String>(), "dictionary with string keys"),
+              R"( {} {"it's": 0.5} {'d': 0.5})");
 }
 
 /// What reading the one argument says, and the target after it.
@@ -363,15 +323,7 @@ std::string Read(std::unique_ptr<omu_Primitive> value, T target) {
 TEST(omu_Arguments, NothingAndNestedTooDeeplyAreTypeErrors) {
     EXPECT_EQ(Read(nullptr, omu_PrimNone()), "3 arg1; found None, expecting None: not set");
     for (const int depth : {300, 100'000}) {
-        const auto deep = [depth] {
-            auto tuple = std::make_unique<omu_PrimTuple>();
-            for (int i = 1; i < depth; ++i) {
-                auto outer = std::make_unique<omu_PrimTuple>();
-                outer->Put(std::move(tuple));
-                tuple = std::move(outer);
-            }
-            return tuple;
-        };
+        const auto deep = [depth] { return Nested(depth); };
         EXPECT_EQ(Read(deep(), Of(9)), "3 arg1; found tuple, expecting tuple: (9,)");
         EXPECT_EQ(Read(deep(), omu_PrimArray()), "3 arg1; found tuple, expecting array: ()");
         EXPECT_EQ(Read(deep(), cow_2DArray<double>()), "3 arg1; found tuple, expecting tuple: ()");
@@ -380,37 +332,6 @@ TEST(omu_Arguments, NothingAndNestedTooDeeplyAreTypeErrors) {
         EXPECT_EQ(Read(std::move(byText), cow_Map<cow_String, float>()),
                   "3 arg1; found dictionary with string keys, expecting dictionary with string keys: {}");
     }
-}
-
-TEST(omu_Arguments, EndWithOneExactMessage) {
-    using A = omu_Arguments&;
-    const auto run = [](const char* command, auto put) {
-        omu_Arguments arguments;
-        put(arguments);
-        int count = -1, size = -1;
-        double width = -1.0;
-        arguments.Begin();
-        arguments.Get(count, "count");
-        arguments.Get(size, "size");
-        arguments.Optional();
-        arguments.Get(width, "%s\xFF'");
-        return Show(Of(count, size, width)) + " " + Ended(arguments, command);
-    };
-    EXPECT_EQ(run("Part", [](A a) { a.Put(1), a.Put(2.5, "size"), a.Put(2, "size"); }), "(1, 2, -1.0) ");
-    EXPECT_EQ(run("Part", [](A a) { a.Put(1); }),
-              "(1, -1, -1.0) 4 Part; not all required arguments specified; expected 2, got 1");
-    EXPECT_EQ(run("%d", [](A a) { a.Put(1), a.Put(2), a.Put(0.5), a.Put(4); }),
-              "(1, 2, 0.5) 4 %d; too many arguments; expected 3, got 4");
-    EXPECT_EQ(run("Part; ", [](A a) { a.Put(1), a.Put(2), a.Put(3, "count"); }),
-              "(1, 2, -1.0) 5 Part; keyword error on count");
-    EXPECT_EQ(run("%", [](A a) { a.Put(1), a.Put(2), a.Put(3, "n%n\x01'"); }),
-              "(1, 2, -1.0) 5 %keyword error on n%n\x01'");
-    EXPECT_EQ(run("", [](A a) { a.Put(1), a.Put(2.5); }), "(1, -1, -1.0) 3 arg2; found float, expecting int");
-    EXPECT_EQ(run("%n", [](A a) { a.Put("1"), a.Put(2.5); }), "(-1, -1, -1.0) 3 %n[0]; found string, expecting int");
-    EXPECT_EQ(run("", [](A a) { a.Put(1), a.Put(omu_PrimEnumBase("%1$d"), "size"); }),
-              "(1, -1, -1.0) 2 size; found %1$d, expecting int");
-    EXPECT_EQ(run("%n", [](A a) { a.Put(1), a.Put(2), a.Put(true, "%s\xFF'"); }),
-              "(1, 2, -1.0) 2 %n[\"%s\xFF'\"]; found Boolean, expecting float");
 }
 
 // ---- Deprecated arguments
@@ -464,12 +385,8 @@ TEST(omu_Arguments, DeprecatedScenario) {
 
 TEST(omu_Arguments, DeprecatedAreAcceptedAsTheEnvironmentSays) {
     const auto run = [](const char* development, const char* deprecated) {
-        const ChildResult child = RunInChild([&] {
-            development ? setenv("VELMOR_DEVL_MODE", development, 1) : unsetenv("VELMOR_DEVL_MODE");
-            deprecated ? setenv("VELMOR_DEPRECATED", deprecated, 1) : unsetenv("VELMOR_DEPRECATED");
-            execl("/proc/self/exe", "child", "--gtest_filter=omu_Arguments.DeprecatedScenario", nullptr);
-            return 127;
-        });
+        const ChildResult child = RunTest("omu_Arguments.DeprecatedScenario",
+                                          {{"VELMOR_DEVL_MODE", development}, {"VELMOR_DEPRECATED", deprecated}});
         EXPECT_EQ(child.exitCode, 0) << child.out;
         return child.err;
     };

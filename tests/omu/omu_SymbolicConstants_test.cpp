@@ -11,9 +11,6 @@
 
 #include <algorithm>
 #include <random>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace {
 
@@ -25,18 +22,6 @@ Calls calls;
 void Record(const cow_String& name, unsigned id) { calls.emplace_back(name.str(), id); }
 
 const auto pid = static_cast<unsigned>(getpid());
-
-/// What `body` writes to standard error.
-template <class Body>
-std::string ErrorsOf(Body body) {
-    std::FILE* const file = std::tmpfile();
-    const int kept = dup(STDERR_FILENO);
-    dup2(fileno(file), STDERR_FILENO);
-    body();
-    dup2(kept, STDERR_FILENO);
-    close(kept);
-    return TakeText(file);
-}
 
 /// A fresh table for each test, none left behind.
 class SymbolicConstants : public testing::Test {
@@ -111,35 +96,34 @@ TEST_F(SymbolicConstants, FollowAListSearchedFromTheFront) {
         Table& table = Table::Instance();
         table.SetHook(Record);
         Model model;
-        const std::string errors = ErrorsOf([&] {
-            for (int step = 0; step < 400; ++step) {
-                const std::size_t reach = below(2) == 0 ? 6 : letters.size();  // the valid letters come first
-                std::string name;
-                for (unsigned length = below(below(2) == 0 ? 3 : 6); length > 0; --length)
-                    name += letters[below(reach)];
-                const unsigned id = below(8) == 0 ? static_cast<unsigned>(random()) : below(model.Size() + 3);
-                const bool suppress = below(3) == 0;
-                const unsigned operation = below(12);
-                if (operation == 0 && seed % 2 == 0) {  // in odd rounds both lists stay parallel
-                    EXPECT_EQ(table.AddString(name), model.Add(name));
-                    EXPECT_EQ(table.AddString(table.Names()[0]), model.Add("_UNSPECIFIED")) << "its own element";
-                } else if (operation == 1) {
-                    model.Take(id);
-                    const Data taken(id);
-                    EXPECT_EQ(taken.getId(), id);
-                    if (id < model.Size())
-                        EXPECT_EQ(taken.getText().str(), model.names[id]);
-                    else
-                        EXPECT_THROW(static_cast<void>(taken.getText()), nex_RangeException);
-                } else if (operation == 2) {
-                    EXPECT_EQ(Data(name, id, suppress).getId(), model.Register(name, id, suppress));
-                } else {
-                    EXPECT_EQ(Table::IsValidSymConstName(name), Model::Valid(name));
-                    EXPECT_EQ(table.GetId(name), model.Find(name) % model.Size()) << "0 when absent";
-                    EXPECT_EQ(Data(name, 0, suppress).getId(), model.Register(name, 0, suppress));
-                }
+        testing::internal::CaptureStderr();
+        for (int step = 0; step < 400; ++step) {
+            const std::size_t reach = below(2) == 0 ? 6 : letters.size();  // the valid letters come first
+            std::string name;
+            for (unsigned length = below(below(2) == 0 ? 3 : 6); length > 0; --length) name += letters[below(reach)];
+            const unsigned id = below(8) == 0 ? static_cast<unsigned>(random()) : below(model.Size() + 3);
+            const bool suppress = below(3) == 0;
+            const unsigned operation = below(12);
+            if (operation == 0 && seed % 2 == 0) {  // in odd rounds both lists stay parallel
+                EXPECT_EQ(table.AddString(name), model.Add(name));
+                EXPECT_EQ(table.AddString(table.Names()[0]), model.Add("_UNSPECIFIED")) << "its own element";
+            } else if (operation == 1) {
+                model.Take(id);
+                const Data taken(id);
+                EXPECT_EQ(taken.getId(), id);
+                if (id < model.Size())
+                    EXPECT_EQ(taken.getText().str(), model.names[id]);
+                else
+                    EXPECT_THROW(static_cast<void>(taken.getText()), nex_RangeException);
+            } else if (operation == 2) {
+                EXPECT_EQ(Data(name, id, suppress).getId(), model.Register(name, id, suppress));
+            } else {
+                EXPECT_EQ(Table::IsValidSymConstName(name), Model::Valid(name));
+                EXPECT_EQ(table.GetId(name), model.Find(name) % model.Size()) << "0 when absent";
+                EXPECT_EQ(Data(name, 0, suppress).getId(), model.Register(name, 0, suppress));
             }
-        });
+        }
+        const std::string errors = testing::internal::GetCapturedStderr();
         EXPECT_EQ(calls, model.hooked);
         EXPECT_TRUE(std::ranges::equal(table.Constants(), model.constants, {}, &Data::getId));
         std::string dump = atr("CONTENTS of omu_SymbolicConstantTable  pid:Ox%X\n", pid).c_str();
@@ -191,11 +175,7 @@ TEST_F(SymbolicConstants, Scenario) {
 
 /// Standard error of Scenario in a new process under a name with a '%', with the switch as given, null for unset.
 std::string ScenarioErrors(const char* value) {
-    const ChildResult child = RunInChild([&] {
-        value == nullptr ? unsetenv("VLM_DBG_SYMCONST") : setenv("VLM_DBG_SYMCONST", value, 1);
-        execl("/proc/self/exe", "/bin/p%s", "--gtest_filter=SymbolicConstants.Scenario", nullptr);
-        return 127;
-    });
+    const ChildResult child = RunTest("SymbolicConstants.Scenario", {{"VLM_DBG_SYMCONST", value}}, "/bin/p%s");
     EXPECT_EQ(child.exitCode, 0) << child.out;
     return child.err;
 }

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// What a finished child left behind. `exitCode` is -1 when a signal ended it.
@@ -54,6 +56,18 @@ inline ChildResult RunProgram(std::vector<std::string> arguments) {
         for (std::string& argument : arguments) argv.push_back(argument.data());
         argv.push_back(nullptr);
         execv(argv[0], argv.data());
+        return 127;
+    });
+}
+
+/// A variable of the environment and its value, null for unset.
+using Setting = std::pair<const char*, const char*>;
+
+/// Runs the one test of this executable in a new process called `program`, with the environment as given.
+inline ChildResult RunTest(const char* test, const std::vector<Setting>& settings, const char* program = "test") {
+    return RunInChild([&] {
+        for (const auto& [name, value] : settings) value == nullptr ? unsetenv(name) : setenv(name, value, 1);
+        execl("/proc/self/exe", program, (std::string("--gtest_filter=") + test).c_str(), nullptr);
         return 127;
     });
 }
