@@ -14,8 +14,8 @@ class cls_WriteVisitor;
 /// A command exception that carries a value. `Code` is its class identifier and tells exceptions with the same kind of
 /// value apart. A value that is text is the message as well; any other leaves the message empty.
 ///
-/// A module that names one of these, by an alias, specialises `PythonType` and `JournalMessage` where the defaults of
-/// nex_CommandException do not suit, and `InitializeMetadata` when it registers the class.
+/// A module that names one of these, by an alias, specialises `MessageOf`, `PythonType` and `JournalMessage` where the
+/// defaults do not suit, and `InitializeMetadata` when it registers the class.
 template <class Payload, int Code>
 class ORV_EXPORT nex_CmdException : public nex_CommandException {
 public:

@@ -13,7 +13,7 @@
 
 namespace {
 
-using TextError = nex_CmdException<cow_String, 6>;
+using TextError = nex_CmdException<cow_String, 60>;
 using MessageError = nex_CmdException<atr_String, 7>;
 using NumberError = nex_CmdException<int, 8>;
 
@@ -47,7 +47,7 @@ TEST(base_CommandException, CarriesItsValueAndJournalsItsMessage) {
     const TextError text("gr\xC3\xBCn");
     EXPECT_EQ(text.Value(), "gr\xC3\xBCn");
     EXPECT_STREQ(text.what(), "gr\xC3\xBCn");
-    EXPECT_EQ(text.DynTypeId(), 6u);
+    EXPECT_EQ(text.DynTypeId(), 60u);
     EXPECT_EQ(text.JournalMessage(OrvBasStringMode(0)), atr_String("gr\xC3\xBCn"));
     EXPECT_EQ(text.JournalMessage(OrvBasStringMode(1)), atr_String("gr?n")) << "tests run in the C locale";
     EXPECT_STREQ(MessageError(atr("no %d", 3)).what(), "no 3");

@@ -78,9 +78,11 @@ const std::array<Part, 14> parts{{
 }};
 constexpr std::size_t basicUtils = 0;
 constexpr std::size_t observed = 12;  // the first ones; the last two are not called from another source file
-constexpr std::size_t omu = 7, gsl = 9, specific = 12, library = 13;
+constexpr std::size_t g3d = 6, omu = 7, gsl = 9, specific = 12, library = 13;
 
 /// In the order of registration: name, identifier, flags, number.
+const std::vector<cls_ClassRecord> viewingClasses{
+    {"g3d_Point", 0x240001, 4, 203}, {"g3d_Vector", 0x240002, 4, 203}, {"g3d_ColorErrorException", 6, 2, 1}};
 const std::vector<cls_ClassRecord> scriptingClasses{
     {"omu_TypeErrorException", 0x130001, 2, 203},
     {"omu_KeywordTypeErrorException", 0x130002, 2, 203},
@@ -135,6 +137,8 @@ struct Model {
             for (std::size_t each = 0; each <= specific; ++each) Initialize(each);
         if (part == basicUtils) Register("cow_String"), Register("atr_String"), Register("nex_CommandException");
         if (parts[part].component != 0) tables.insert(parts[part].component);
+        if (part == g3d)
+            for (const cls_ClassRecord& each : viewingClasses) Register(each.name.str());
         if (part == omu)
             for (const cls_ClassRecord& each : scriptingClasses) Register(each.name.str());
         if (part == gsl)
@@ -212,6 +216,7 @@ TEST_F(StartUp, FirstStartAndLastStopWorkWhateverIsNestedBetween) {
         EXPECT_EQ(count, 14);
         const auto classes = cls_MetadataRegistrar::Instance().Classes();
         std::vector<cls_ClassRecord> expected{classes[0], classes[1], classes[2]};  // of the base library
+        expected.insert(expected.end(), viewingClasses.begin(), viewingClasses.end());
         expected.insert(expected.end(), scriptingClasses.begin(), scriptingClasses.end());
         expected.insert(expected.end(), geometryClasses.begin(), geometryClasses.end());
         EXPECT_EQ(std::vector<cls_ClassRecord>(classes.begin(), classes.end()), expected);
@@ -253,13 +258,14 @@ TEST_F(StartUp, LoaderEntryStartsAndStopsWithACountOfItsOwn) {
     constexpr unsigned long detach = 0;
     for (const unsigned long attachThreadsAndUnknown : {1UL, 2UL, 3UL, 4UL, ~0UL}) {
         EXPECT_EQ(DllMain(nullptr, attachThreadsAndUnknown, nullptr), 1);
-        EXPECT_EQ(RegisteredNames().size(), 3 + scriptingClasses.size() + geometryClasses.size())
+        EXPECT_EQ(RegisteredNames().size(),
+                  3 + viewingClasses.size() + scriptingClasses.size() + geometryClasses.size())
             << attachThreadsAndUnknown;
     }
     OrvLumGeom_initialize(count);
     OrvLumGeom_finalize(count);
     EXPECT_EQ(count, 0);
-    EXPECT_EQ(RegisteredNames().size(), 3 + scriptingClasses.size() + geometryClasses.size());
+    EXPECT_EQ(RegisteredNames().size(), 3 + viewingClasses.size() + scriptingClasses.size() + geometryClasses.size());
     calls.clear();
     EXPECT_EQ(DllMain(nullptr, detach, nullptr), 1);
     EXPECT_EQ(calls.size(), observed);
