@@ -3,8 +3,8 @@
 # Where nothing is missing it does nothing; where there is no Debian it only says what to have.
 set -eu
 
-demo="g++ cmake ninja-build ccache"
-check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev python3"
+demo="g++ cmake ninja-build ccache libcairo2-dev"
+check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev libglm-dev python3"
 case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;

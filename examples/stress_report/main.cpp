@@ -1,14 +1,17 @@
 // Reads a solver's result file, tells what is in it and where it moves most, turns the model, and keeps points and
-// matrix in a model stream that it reads back and compares.
+// matrix in a model stream that it reads back and compares. Fits a camera to the model, and draws a picture if asked
+// to.
 
 #include "../support/host_ReadFile.h"
 #include "../support/host_Session.h"
 #include "frd_Reader.h"
+#include "host_Picture.h"
 #include "host_WriteFile.h"
 
 #include <base/bio_Ifilter.h>
 #include <base/bio_Ofilter.h>
 #include <base/cls_MetadataRegistrar.h>
+#include <g3d/g3d_Camera.h>
 #include <gsl/gsl_Matrix.h>
 #include <gsl/gsl_PersistentMatrix.h>
 #include <gsl/gsl_Point.h>
@@ -38,6 +41,7 @@ constexpr int badFile = 2;
 struct Options {
     std::filesystem::path results;
     std::filesystem::path stream = "stress_report.stream";
+    std::filesystem::path picture;  // none when empty
 };
 
 struct Extents {
@@ -108,10 +112,12 @@ Greatest GreatestDisplacement(const frd_Result& result) {
     return greatest;
 }
 
+bool IsDisplacement(const frd_Result& result) { return result.name == "DISP" && result.components.size() == 3; }
+
 void PrintDisplacements(const frd_Model& model, const std::vector<gsl_Point>& points) {
     bool any = false;
     for (const frd_Result& result : model.results) {
-        if (result.name != "DISP" || result.components.size() != 3) continue;
+        if (!IsDisplacement(result)) continue;
         any = true;
         std::cout << "  set " << result.set << ", time " << result.time << '\n';
         const Greatest greatest = GreatestDisplacement(result);
@@ -124,6 +130,28 @@ void PrintDisplacements(const frd_Model& model, const std::vector<gsl_Point>& po
                   << points[node] << "\n    by       " << DisplacementAt(result, greatest.row) << '\n';
     }
     if (!any) std::cout << "  no displacements\n";
+}
+
+/// Of the last set.
+const frd_Result* LastDisplacements(const frd_Model& model) {
+    const auto last = std::find_if(model.results.rbegin(), model.results.rend(), IsDisplacement);
+    return last != model.results.rend() ? &*last : nullptr;
+}
+
+/// Prints the matrices of the camera that shows the model, and writes the picture when one is wanted.
+void View(const frd_Model& model, const std::filesystem::path& picture) {
+    constexpr int width = 960, height = 720;
+    const g3d_Camera camera = host_FittedCamera(model, width, height);
+    std::cout << "\nA camera from (1, 1, 1), fitted\n  view orientation\n"
+              << camera.GetVOM() << "  projection\n"
+              << camera.GetPM();
+    if (picture.empty()) return;
+    try {
+        host_WriteFile(picture, host_Picture(model, LastDisplacements(model), camera, width, height));
+    } catch (const std::runtime_error& failure) {
+        throw std::runtime_error("picture " + picture.string() + ": " + failure.what());
+    }
+    std::cout << "  drawn to  " << picture.string() << '\n';
 }
 
 /// Turns a copy of the points; the rest of the report shows that the turned model can be had again from the stream.
@@ -192,6 +220,7 @@ bool Report(const frd_Model& model, const Options& options) {
     std::cout << "\nTurned by " << angleDegrees << " degrees about the vertical through the centre\n";
     PrintExtents(turned);
 
+    View(model, options.picture);
     return KeepAndCompare({turn, points}, options.stream, turned);
 }
 
@@ -201,6 +230,8 @@ bool ReadArguments(int argc, char** argv, Options& options) {
         const std::string argument = argv[i];
         if (argument == "--stream" && i + 1 < argc)
             options.stream = argv[++i];
+        else if (argument == "--picture" && i + 1 < argc)
+            options.picture = argv[++i];
         else if (options.results.empty() && !argument.starts_with("-"))
             options.results = argument;
         else
@@ -214,7 +245,7 @@ bool ReadArguments(int argc, char** argv, Options& options) {
 int main(int argc, char** argv) {
     Options options;
     if (!ReadArguments(argc, argv, options)) {
-        std::cerr << "usage: stress_report RESULTS.frd [--stream FILE]\n";
+        std::cerr << "usage: stress_report RESULTS.frd [--stream FILE] [--picture FILE.png]\n";
         return badCall;
     }
     frd_Model model;
@@ -231,8 +262,9 @@ int main(int argc, char** argv) {
         const host_Session session;
         std::cout << "Library started: " << session.Started() << " parts\n\n";
         std::error_code ignored;
-        if (std::filesystem::equivalent(options.results, options.stream, ignored))
-            throw std::runtime_error("would overwrite the results");
+        for (const auto& written : {options.stream, options.picture})
+            if (std::filesystem::equivalent(options.results, written, ignored))
+                throw std::runtime_error("would overwrite the results");
         if (!Report(model, options)) throw std::runtime_error("did not give back what was written");
         if (!std::cout.flush()) throw std::runtime_error("the report could not be printed");
         return 0;

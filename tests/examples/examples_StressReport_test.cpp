@@ -106,6 +106,7 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
              ", -0.496287)\n",
              "set 102, time 2\n    greatest 0.508922354 at node 7 (60, 0, 60)\n",
              ", -0.497248)\n",
+             "A camera from (1, 1, 1), fitted\n  view orientation\n(-0.707106",
              "1 matrix and 1803 points\n  read back identical",
          })
         EXPECT_THAT(child.out, HasSubstr(answer));
@@ -115,6 +116,19 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
     EXPECT_EQ(dump.exitCode, 0);
     EXPECT_THAT(dump.out, StartsWith("00000000  gsl_Matrix"));
     EXPECT_EQ(EachReplaced(dump.out, "gsl_Point", "gsl_Point.").size() - dump.out.size(), 1803U);
+}
+
+TEST_F(StressReport, DrawsWhatTheFittedCameraSees) {
+    const fs::path picture = folder / "bracket.png";
+    const ChildResult child =
+        RunProgram({program, bracket.string(), "--stream", stream.string(), "--picture", picture.string()});
+    EXPECT_EQ(child.exitCode, 0) << child.err;
+    EXPECT_THAT(child.out, HasSubstr("  projection\n(0.0236437"));
+    const std::string png = Content(picture);
+    EXPECT_THAT(png, StartsWith(std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\x03\xC0\0\0\x02\xD0", 24)));
+    EXPECT_GT(png.size(), 20'000U) << "a picture of nothing is small";
+    EXPECT_EQ(RunProgram({program, bracket.string(), "--picture", bracket.string()}).exitCode, 1);
+    EXPECT_EQ(Content(bracket).size(), 787405U);
 }
 
 TEST_F(StressReport, RefusesWhatIsNoWholeResultFile) {
