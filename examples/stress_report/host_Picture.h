@@ -7,7 +7,8 @@
 
 class g3d_Camera;
 
-/// A parallel camera that looks at the model from (1, 1, 1), z upwards, and shows all of it in a picture of that many pixels.
+/// A parallel camera that looks at the model from (1, 1, 1), z upwards, and shows all of it in a picture of that many
+/// pixels.
 [[nodiscard]] g3d_Camera host_FittedCamera(const frd_Model& model, int width, int height);
 
 /// The skin of the model as the camera sees it, as the bytes of a PNG: the free faces of the solid elements, shells and

@@ -16,8 +16,8 @@
 #include <g3d/g3d_InterpolateCameras.h>
 #include <g3d/g3d_Plane.h>
 #include <g3d/g3d_Point.h>
-#include <g3d/g3d_Ray.h>
 #include <g3d/g3d_RGB.h>
+#include <g3d/g3d_Ray.h>
 #include <g3d/g3d_SavedViewIdEnum.h>
 #include <g3d/g3d_Spectrum.h>
 #include <g3d/g3d_Sphere.h>

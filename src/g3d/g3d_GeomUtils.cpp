@@ -1,5 +1,5 @@
-#include <g3d/g3d_GeomUtils.h>
 #include <g3d/detail/g3d_PolygonSweep.h>
+#include <g3d/g3d_GeomUtils.h>
 
 #include <algorithm>
 #include <array>
