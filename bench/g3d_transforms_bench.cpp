@@ -57,6 +57,7 @@ void Invert(Matrix& matrix) {
 template <class Matrix, class Point>
 void Points(benchmark::State& state) {
     std::vector<Point> points;
+    points.reserve(pointCount);
     for (int n = 0; n < pointCount; ++n) points.emplace_back(Number(), Number(), Number(), 1.0F);
     const auto matrix = NearIdentity<Matrix>();
     for (auto _ : state) {

@@ -68,8 +68,8 @@ public:
     /// Whether the key was there. An absent key changes nothing and detaches nothing.
     bool Remove(const K& key) {
         if (!IsMember(key)) return false;
-        const K own(key);  // as in Insert
-        return _map.Write().erase(own) != 0;
+        const K ownKey(key);  // as in Insert. NOLINT(performance-unnecessary-copy-initialization)
+        return _map.Write().erase(ownKey) != 0;
     }
 
     /// Equal keys with equal values, whether shared or not.

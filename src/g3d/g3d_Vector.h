@@ -102,6 +102,9 @@ private:
     return g3d_Dot(g3d_Cross(a, b), c);
 }
 
+/// In place, as the member `Normalize`; the zero vector stays.
+inline void g3d_Normalize(g3d_Vector& a) noexcept { a.Normalize(); }
+
 /// "(x, y, z)", each printed as a double with the stream's precision and flags.
 ORV_EXPORT aio_ostream& operator<<(aio_ostream& out, const g3d_Vector& vector);
 

@@ -24,9 +24,9 @@ template <class T>
     const int sector = sixths > 0.0F ? static_cast<int>(sixths) : 0;
 
     const double s = saturation, v = value, f = sixths - static_cast<float>(sector);
-    const float p = static_cast<float>(v * (1.0 - s));
-    const float q = static_cast<float>(v * (1.0 - s * f));
-    const float t = static_cast<float>(v * (1.0 - s * (1.0 - f)));
+    const auto p = static_cast<float>(v * (1.0 - s));
+    const auto q = static_cast<float>(v * (1.0 - s * f));
+    const auto t = static_cast<float>(v * (1.0 - s * (1.0 - f)));
 
     static constexpr unsigned char order[6][3] = {{0, 3, 1}, {2, 0, 1}, {1, 0, 3}, {1, 2, 0}, {3, 1, 0}, {0, 1, 2}};
     const float levels[4] = {value, p, q, t};

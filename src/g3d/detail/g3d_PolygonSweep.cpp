@@ -76,16 +76,17 @@ std::vector<const Edge*> EdgesAt(const std::vector<Edge>& edges, double y) {
         if (edge.low.y < y && y < edge.high.y) passing.emplace_back(edge.X(y), &edge);
     std::stable_sort(passing.begin(), passing.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
     std::vector<const Edge*> ordered;
+    ordered.reserve(passing.size());
     for (const auto& [x, edge] : passing) ordered.push_back(edge);
     return ordered;
 }
 
 /// Continues one side of a piece along `edge` from y0 to y1.
-void Extend(std::vector<Vertex>& side, const Edge*& on, const Edge* edge, double y0, double y1) {
-    if (on == edge) side.pop_back();
-    if (on == nullptr) side.push_back({edge->X(y0), y0});
-    side.push_back({edge->X(y1), y1});
-    on = edge;
+void Extend(std::vector<Vertex>& side, const Edge*& on, const Edge& edge, double y0, double y1) {
+    if (on == &edge) side.pop_back();
+    if (on == nullptr) side.push_back({edge.X(y0), y0});
+    side.push_back({edge.X(y1), y1});
+    on = &edge;
 }
 
 void Finish(const Piece& piece, cow_List<cow_List<g3d_Point>>& pieces) {
@@ -134,8 +135,8 @@ g3d_PolygonOverlap g3d_SweepPolygons(std::span<const g3d_Point> first, std::span
             };
             const auto found = std::find_if(below.begin(), below.end(), continues);
             Piece piece = found != below.end() ? std::exchange(*found, Piece()) : Piece();
-            Extend(piece.left, piece.onLeft, left, y0, y1);
-            Extend(piece.right, piece.onRight, right, y0, y1);
+            Extend(piece.left, piece.onLeft, *left, y0, y1);
+            Extend(piece.right, piece.onRight, *right, y0, y1);
             reaching.push_back(std::move(piece));
         }
         for (const Piece& piece : std::exchange(below, std::move(reaching)))
