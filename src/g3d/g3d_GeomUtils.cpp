@@ -312,8 +312,8 @@ struct Part {
 template <class ClipSegment>
 g3d_ClipResultEnum ClipLinestring(const cow_List<g3d_Point>& line, cow_List<cow_List<g3d_Point>>& pieces,
                                   ClipSegment clip) {
-    const cow_List<g3d_Point> whole =
-        line;  // may be one of the pieces. NOLINT(performance-unnecessary-copy-initialization)
+    // Which may be one of the pieces. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+    const cow_List<g3d_Point> whole = line;
     const std::span<const g3d_Point> points = whole.Span();
     std::vector<std::vector<g3d_Point>> chains;
     const auto add = [&chains](const g3d_Point& p) {
