@@ -1,5 +1,7 @@
 #include "host_Picture.h"
 
+#include "frd_Skin.h"
+
 #include <g3d/g3d_Camera.h>
 #include <g3d/g3d_Color.h>
 #include <g3d/g3d_ContourScale.h>
@@ -15,49 +17,11 @@
 #include <limits>
 #include <memory>
 #include <optional>
-#include <set>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
 namespace {
-
-using Face = std::vector<std::size_t>;  // indices of nodes, around the face
-using Corners = std::vector<std::size_t>;
-
-const std::vector<Corners> brick{{0, 1, 2, 3}, {4, 5, 6, 7}, {0, 1, 5, 4}, {1, 2, 6, 5}, {2, 3, 7, 6}, {3, 0, 4, 7}};
-const std::vector<Corners> wedge{{0, 1, 2}, {3, 4, 5}, {0, 1, 4, 3}, {1, 2, 5, 4}, {2, 0, 3, 5}};
-const std::vector<Corners> tetrahedron{{0, 1, 2}, {0, 1, 3}, {1, 2, 3}, {2, 0, 3}};
-const std::vector<Corners> triangle{{0, 1, 2}};
-const std::vector<Corners> quadrilateral{{0, 1, 2, 3}};
-const std::vector<Corners> line{{0, 1}};
-
-/// By corner nodes, which come first in every type. By type number, as `frd_ElementTypes`.
-const std::array<const std::vector<Corners>*, 13> facesOfType{
-    nullptr,   &brick,    &wedge,         &tetrahedron,   &brick, &wedge, &tetrahedron,
-    &triangle, &triangle, &quadrilateral, &quadrilateral, &line,  &line};
-
-/// Each face that no second element shares, in the order of the elements.
-std::vector<Face> Skin(const frd_Model& model) {
-    std::vector<Face> faces;
-    std::set<Face> free;  // by sorted nodes
-    std::vector<Face> keys;
-    for (const frd_Element& element : model.elements) {
-        for (const Corners& corners : *facesOfType.at(static_cast<std::size_t>(element.type))) {
-            Face face;
-            for (const std::size_t corner : corners) face.push_back(element.nodes.at(corner));
-            Face key = face;
-            std::ranges::sort(key);
-            if (!free.insert(key).second) free.erase(key);
-            faces.push_back(std::move(face));
-            keys.push_back(std::move(key));
-        }
-    }
-    std::vector<Face> skin;
-    for (std::size_t i = 0; i < faces.size(); ++i)
-        if (free.contains(keys[i])) skin.push_back(std::move(faces[i]));
-    return skin;
-}
 
 /// The length of the displacement at each node; NaN where there is none.
 std::vector<double> Magnitudes(const frd_Model& model, const frd_Result* displacements) {
@@ -83,24 +47,37 @@ g3d_ContourScale Legend(const std::vector<double>& lengths) {
     return legend;
 }
 
+using Pixel = std::array<double, 3>;  // x, y, depth
+
 /// A face on the screen.
 struct Drawn {
-    std::vector<std::array<double, 2>> outline;
+    std::vector<Pixel> outline;
     double depth = 0.0;
     double value = 0.0;
 };
 
-std::optional<Drawn> Project(const Face& face, const frd_Model& model, const std::vector<double>& lengths,
-                             const g3d_Camera& camera, const g3d_Viewport& viewport) {
-    Drawn drawn;
-    for (const std::size_t node : face) {
-        const auto pixel = viewport.ToPixel(camera, model.nodes[node].position);
-        if (!pixel) return std::nullopt;
-        drawn.outline.push_back({(*pixel)[0], (*pixel)[1]});
-        drawn.depth += (*pixel)[2] / static_cast<double>(face.size());
-        drawn.value += lengths[node] / static_cast<double>(face.size());
+/// Faces with a node that the camera cannot show are left out.
+std::vector<Drawn> FacesFromFarToNear(const frd_Model& model, const std::vector<double>& lengths,
+                                      const g3d_Camera& camera, const g3d_Viewport& viewport) {
+    std::vector<std::optional<Pixel>> pixels;
+    pixels.reserve(model.nodes.size());
+    for (const frd_Node& node : model.nodes) pixels.push_back(viewport.ToPixel(camera, node.position));
+
+    std::vector<Drawn> faces;
+    for (const frd_Face& face : frd_Skin(model)) {
+        if (!std::ranges::all_of(face.nodes, [&pixels](std::size_t node) { return pixels[node].has_value(); }))
+            continue;
+        Drawn drawn;
+        const auto count = static_cast<double>(face.nodes.size());
+        for (const std::size_t node : face.nodes) {
+            drawn.outline.push_back(*pixels[node]);
+            drawn.depth += (*pixels[node])[2] / count;
+            drawn.value += lengths[node] / count;
+        }
+        faces.push_back(std::move(drawn));
     }
-    return drawn;
+    std::ranges::stable_sort(faces, std::greater<>(), &Drawn::depth);
+    return faces;
 }
 
 class Canvas {
@@ -118,8 +95,8 @@ public:
                              static_cast<double>(color.B()));
     }
 
-    void Fill(const std::vector<std::array<double, 2>>& outline, const g3d_Color& color) {
-        for (const auto& [x, y] : outline) cairo_line_to(_context.get(), x, y);
+    void Fill(const std::vector<Pixel>& outline, const g3d_Color& color) {
+        for (const auto& [x, y, depth] : outline) cairo_line_to(_context.get(), x, y);
         cairo_close_path(_context.get());
         SetColor(color);
         cairo_fill_preserve(_context.get());
@@ -192,14 +169,9 @@ std::string host_Picture(const frd_Model& model, const frd_Result* displacements
                          int height) {
     const std::vector<double> lengths = Magnitudes(model, displacements);
     const g3d_ContourScale legend = Legend(lengths);
-    const g3d_Viewport viewport(0.0, 0.0, width, height);
-    std::vector<Drawn> faces;
-    for (const Face& face : Skin(model))
-        if (auto drawn = Project(face, model, lengths, camera, viewport)) faces.push_back(std::move(*drawn));
-    std::ranges::stable_sort(faces, std::greater<>(), &Drawn::depth);
-
     Canvas canvas(width, height);
-    for (const Drawn& face : faces) canvas.Fill(face.outline, legend.Color(face.value));
+    for (const Drawn& face : FacesFromFarToNear(model, lengths, camera, g3d_Viewport(0.0, 0.0, width, height)))
+        canvas.Fill(face.outline, legend.Color(face.value));
     if (displacements != nullptr) DrawLegend(canvas, legend, height);
     return canvas.Png();
 }

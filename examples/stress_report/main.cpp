@@ -1,10 +1,11 @@
-// Reads a solver's result file, tells what is in it and where it moves most, turns the model, and keeps points and
-// matrix in a model stream that it reads back and compares. Fits a camera to the model, and draws a picture if asked
-// to.
+// Reads a solver's result file, tells what is in it and where it moves most, merges coincident nodes, finds the nodes
+// nearest to given points and the gaps between bodies, turns the model, and keeps points and matrix in a model stream
+// that it reads back and compares. Fits a camera to the model, and draws a picture if asked to.
 
 #include "../support/host_ReadFile.h"
 #include "../support/host_Session.h"
 #include "frd_Reader.h"
+#include "host_Bodies.h"
 #include "host_Picture.h"
 #include "host_WriteFile.h"
 
@@ -12,16 +13,21 @@
 #include <base/bio_Ofilter.h>
 #include <base/cls_MetadataRegistrar.h>
 #include <g3d/g3d_Camera.h>
+#include <gsl/gsl_BBox.h>
+#include <gsl/gsl_CoordTree.h>
+#include <gsl/gsl_DirectionalContact.h>
 #include <gsl/gsl_Matrix.h>
+#include <gsl/gsl_MergeCoincidentPoints.h>
 #include <gsl/gsl_PersistentMatrix.h>
 #include <gsl/gsl_Point.h>
+#include <gsl/gsl_Util.h>
 #include <gsl/gsl_Vector.h>
 #include <idb/idb_Dump.h>
 #include <idb/idb_ReadObject.h>
 #include <idb/idb_WriteObject.h>
 
 #include <algorithm>
-#include <array>
+#include <charconv>
 #include <cmath>
 #include <filesystem>
 #include <iomanip>
@@ -30,6 +36,8 @@
 #include <numbers>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -42,11 +50,7 @@ struct Options {
     std::filesystem::path results;
     std::filesystem::path stream = "stress_report.stream";
     std::filesystem::path picture;  // none when empty
-};
-
-struct Extents {
-    gsl_Point low;
-    gsl_Point high;
+    std::vector<gsl_Point> probes;
 };
 
 /// What of the model is kept in the stream.
@@ -62,15 +66,9 @@ std::vector<gsl_Point> PointsOf(const frd_Model& model) {
     return points;
 }
 
-/// Of at least one point.
-Extents ExtentsOf(const std::vector<gsl_Point>& points) {
-    Extents extents{points.front(), points.front()};
-    for (const gsl_Point& point : points) {
-        for (unsigned axis = 0; axis < 3; ++axis) {
-            extents.low[axis] = std::min(extents.low[axis], point[axis]);
-            extents.high[axis] = std::max(extents.high[axis], point[axis]);
-        }
-    }
+gsl_BBox ExtentsOf(const std::vector<gsl_Point>& points) {
+    gsl_BBox extents;
+    for (const gsl_Point& point : points) extents.Add(point);
     return extents;
 }
 
@@ -89,8 +87,9 @@ void PrintCounts(const frd_Model& model) {
 }
 
 void PrintExtents(const std::vector<gsl_Point>& points) {
-    const auto [low, high] = ExtentsOf(points);
-    std::cout << "  extents   " << low << " to " << high << "\n  centre    " << gsl_Point(low, high) << '\n';
+    const gsl_BBox extents = ExtentsOf(points);
+    std::cout << "  extents   " << extents.Low() << " to " << extents.High() << "\n  centre    " << extents.Center()
+              << '\n';
 }
 
 /// The row of a displacement result with the greatest length, NaN left out, and that length.
@@ -130,6 +129,59 @@ void PrintDisplacements(const frd_Model& model, const std::vector<gsl_Point>& po
                   << points[node] << "\n    by       " << DisplacementAt(result, greatest.row) << '\n';
     }
     if (!any) std::cout << "  no displacements\n";
+}
+
+/// The nearest node to each probe.
+void PrintProbes(const frd_Model& model, const std::vector<gsl_Point>& points, const std::vector<gsl_Point>& probes) {
+    const gsl_CoordTree tree(cls_xo1DArrayList<gsl_Point>(points), 3);
+    for (const gsl_Point& probe : probes) {
+        double distance = 0.0;
+        const int nearest = tree.FindClosest(probe, &distance);
+        std::cout << "  probe " << probe;
+        if (nearest < 0)
+            std::cout << ": no node is near\n";
+        else
+            std::cout << ": node " << model.nodes[static_cast<std::size_t>(nearest)].number << ", " << distance
+                      << " away\n";
+    }
+}
+
+/// How far the first body can travel downwards until it touches each other one.
+void PrintGaps(const std::vector<host_Body>& bodies, const std::vector<gsl_Point>& positions) {
+    const gsl_Vector down(0.0, 0.0, -1.0);
+    const cow_List<gsl_Triangle> movable = host_Triangles(bodies.front(), positions);
+    for (std::size_t other = 1; other < bodies.size(); ++other) {
+        const auto contact = gsl_FindDirectionalContact(host_Triangles(bodies[other], positions), movable, down);
+        std::cout << "    body 1 to body " << other + 1 << ": ";
+        if (contact)
+            std::cout << contact->distance << ", at " << contact->point << '\n';
+        else
+            std::cout << "none\n";
+    }
+}
+
+void PrintBodies(const frd_Model& model, const std::vector<gsl_Point>& points) {
+    const cow_List<unsigned> kept = gsl_MergeCoincidentPoints(points, gsl_Util::LinTol());
+    std::size_t merged = 0;
+    for (std::size_t node = 0; node < points.size(); ++node)
+        if (kept.ConstGet(static_cast<int>(node)) != node) ++merged;
+    std::cout << "  coincident nodes merged: " << merged << '\n';
+
+    const std::vector<host_Body> bodies = host_Bodies(model, kept);
+    for (std::size_t i = 0; i < bodies.size(); ++i)
+        std::cout << "  body " << i + 1 << ": " << bodies[i].triangles.size() << " triangles of skin\n";
+    if (bodies.size() < 2) return;
+
+    std::cout << "  gap along (0, 0, -1), undeformed\n";
+    PrintGaps(bodies, points);
+    for (const frd_Result& result : model.results) {
+        if (!IsDisplacement(result)) continue;
+        std::vector<gsl_Point> deformed = points;
+        for (std::size_t row = 0; row < result.nodes.size(); ++row)
+            deformed[result.nodes[row]] = points[result.nodes[row]] + DisplacementAt(result, row);
+        std::cout << "  gap along (0, 0, -1), deformed by set " << result.set << '\n';
+        PrintGaps(bodies, deformed);
+    }
 }
 
 /// Of the last set.
@@ -210,9 +262,12 @@ bool Report(const frd_Model& model, const Options& options) {
     PrintExtents(points);
     std::cout << "\nDisplacements\n";
     PrintDisplacements(model, points);
+    std::cout << "\nBodies\n";
+    PrintBodies(model, points);
+    if (!options.probes.empty()) std::cout << "\nProbes\n";
+    PrintProbes(model, points, options.probes);
 
-    const auto [low, high] = ExtentsOf(points);
-    const gsl_Point centre(low, high);
+    const gsl_Point centre = ExtentsOf(points).Center();
     constexpr double angleDegrees = 30.0;
     gsl_Matrix turn;
     turn.AxisRotation(centre, gsl_Vector(0.0, 0.0, 1.0), angleDegrees * std::numbers::pi / 180.0);
@@ -224,6 +279,16 @@ bool Report(const frd_Model& model, const Options& options) {
     return KeepAndCompare({turn, points}, options.stream, turned);
 }
 
+/// Three numbers, and nothing else.
+bool ReadPoint(char** texts, gsl_Point& point) {
+    for (unsigned axis = 0; axis < 3; ++axis) {
+        const std::string_view text = texts[axis];
+        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), point[axis]);
+        if (error != std::errc() || end != text.data() + text.size()) return false;
+    }
+    return true;
+}
+
 /// False when the arguments make no sense.
 bool ReadArguments(int argc, char** argv, Options& options) {
     for (int i = 1; i < argc; ++i) {
@@ -232,6 +297,8 @@ bool ReadArguments(int argc, char** argv, Options& options) {
             options.stream = argv[++i];
         else if (argument == "--picture" && i + 1 < argc)
             options.picture = argv[++i];
+        else if (argument == "--probe" && i + 3 < argc && ReadPoint(argv + i + 1, options.probes.emplace_back()))
+            i += 3;
         else if (options.results.empty() && !argument.starts_with("-"))
             options.results = argument;
         else
@@ -245,7 +312,7 @@ bool ReadArguments(int argc, char** argv, Options& options) {
 int main(int argc, char** argv) {
     Options options;
     if (!ReadArguments(argc, argv, options)) {
-        std::cerr << "usage: stress_report RESULTS.frd [--stream FILE] [--picture FILE.png]\n";
+        std::cerr << "usage: stress_report RESULTS.frd [--stream FILE] [--picture FILE.png] [--probe X Y Z]...\n";
         return badCall;
     }
     frd_Model model;

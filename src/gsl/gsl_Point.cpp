@@ -2,10 +2,28 @@
 #include <base/cls_ReadVisitor.h>
 #include <base/cls_WriteVisitor.h>
 #include <gsl/gsl_Matrix.h>
+#include <gsl/gsl_Plane.h>
 #include <gsl/gsl_Point.h>
 #include <gsl/gsl_PrintIndented.h>
+#include <gsl/gsl_Segment.h>
+#include <gsl/gsl_StLine.h>
 
+#include <algorithm>
 #include <ostream>
+
+namespace {
+
+/// The point of the straight piece from a to b that is nearest to p, however short the piece is.
+gsl_Point NearestBetween(const gsl_Point& p, const gsl_Point& a, const gsl_Point& b) noexcept {
+    const gsl_Vector span(a, b);
+    const double along = span.DotProduct(p - a);
+    const double lengthSq = span.LengthSq();
+    if (along <= 0.0) return a;
+    if (along >= lengthSq) return b;
+    return a + span * (along / lengthSq);
+}
+
+}  // namespace
 
 gsl_Point::gsl_Point(const gsl_Point& a, const gsl_Point& b)
     : _xyz{(a.X() + b.X()) * 0.5, (a.Y() + b.Y()) * 0.5, (a.Z() + b.Z()) * 0.5}, _uid(cls_Uid::AllocateUid()) {}
@@ -18,7 +36,7 @@ void gsl_Point::Transform(const gsl_Matrix& matrix) noexcept { matrix.Transform(
 
 gsl_Point gsl_Point::PointAtDistInDirection(double distance, const gsl_Vector& direction) const noexcept {
     if (direction.Length() < gsl_Util::LinTol()) return *this;
-    return *this + gsl_Vector(direction.UnitX(), direction.UnitY(), direction.UnitZ()) * distance;
+    return *this + direction.Unit() * distance;
 }
 
 bool gsl_Point::Bary(const gsl_Point& p1, const gsl_Point& p2, double* weights) const noexcept {
@@ -49,6 +67,82 @@ bool gsl_Point::Bary(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& 
         if (weights[k] * normalSq < -gsl_Util::LinTolSq()) inside = false;
     }
     return inside;
+}
+
+// ---- Lines, planes and segments
+
+double gsl_Point::GetDistance(const gsl_StLine& line) const noexcept {
+    return (*this - line.Point()).CrossProduct(line.Direction()).Length() / line.Direction().Length();
+}
+
+double gsl_Point::GetSignedDistance(const gsl_Plane& plane) const noexcept {
+    return (*this - plane.Centroid()).DotProduct(plane.Direction()) / plane.Direction().Length();
+}
+
+double gsl_Point::GetDistance(const gsl_Plane& plane) const noexcept { return std::abs(GetSignedDistance(plane)); }
+
+double gsl_Point::GetDistance(const gsl_Plane& plane, const gsl_Vector& direction) const noexcept {
+    gsl_Point met;
+    return RayIntersect(direction, plane, met) ? GetDistance(met) : GetDistance(plane);
+}
+
+double gsl_Point::GetDistance(const gsl_Segment& segment, gsl_Point& nearest) const noexcept {
+    const bool isPoint = segment.Length() <= gsl_Util::LinTol();
+    const gsl_Point found = isPoint ? segment.Point1() : NearestBetween(*this, segment.Point1(), segment.Point2());
+    const double distance = GetDistance(found);  // before storing: `nearest` may be this point
+    nearest.SetPos(found);
+    return distance;
+}
+
+double gsl_Point::GetDistance(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3) const noexcept {
+    const gsl_Vector normal(p1, p2, p3);
+    if (normal.Length() > 0.0) {
+        double weights[3];
+        static_cast<void>(Bary(p1, p2, p3, weights));  // its tolerance would let in what an edge is nearer to
+        if (std::all_of(weights, weights + 3, [](double weight) { return weight >= 0.0; }))
+            return std::abs(normal.DotProduct(*this - p1));
+    }
+    const auto toEdge = [this](const gsl_Point& a, const gsl_Point& b) {
+        return GetDistance(NearestBetween(*this, a, b));
+    };
+    return std::fmin(toEdge(p1, p2), std::fmin(toEdge(p2, p3), toEdge(p3, p1)));
+}
+
+bool gsl_Point::IsOn(const gsl_StLine& line) const noexcept { return GetDistance(line) <= gsl_Util::LinTol(); }
+
+bool gsl_Point::IsOn(const gsl_Plane& plane) const noexcept { return GetDistance(plane) <= gsl_Util::LinTol(); }
+
+gsl_Point gsl_Point::ProjectOn(const gsl_StLine& line, double& distance) const noexcept {
+    const gsl_Vector unit = line.Direction().Unit();
+    distance = (*this - line.Point()).DotProduct(unit);
+    return line.Point() + unit * distance;
+}
+
+gsl_Point gsl_Point::ProjectOn(const gsl_Plane& plane) const noexcept {
+    const gsl_Vector unit = plane.Direction().Unit();
+    return *this - unit * (*this - plane.Centroid()).DotProduct(unit);
+}
+
+bool gsl_Point::ProjectOn(const gsl_Segment& segment, gsl_Point& foot, double& distance) const noexcept {
+    double weights[2];
+    const bool isWithin = Bary(segment.Point1(), segment.Point2(), weights);
+    distance = 0.0;
+    gsl_Point found = segment.Point1();
+    if (!(segment.Length() <= gsl_Util::LinTol())) found = ProjectOn(segment.Line(), distance);
+    foot.SetPos(found);
+    return isWithin;
+}
+
+bool gsl_Point::RayIntersect(const gsl_Vector& direction, const gsl_Plane& plane, gsl_Point& out) const noexcept {
+    const gsl_Vector& normal = plane.Direction();
+    out.SetPos(*this);
+    if (direction.Length() < gsl_Util::LinTol()) return false;
+    if (IsOn(plane)) return true;
+    if (direction.IsOrthogonal(normal)) return false;
+    const gsl_Vector path = direction * ((plane.Centroid() - *this).DotProduct(normal) / direction.DotProduct(normal));
+    if (!std::isfinite(path.X() + path.Y() + path.Z())) return false;
+    out.SetPos(*this + path);
+    return true;
 }
 
 void gsl_Point::Print(aio_ostream& out, int indentation) const {

@@ -20,6 +20,9 @@ class cls_ClassRegistrar;
 class cls_ReadVisitor;
 class cls_WriteVisitor;
 class gsl_Matrix;
+class gsl_Plane;
+class gsl_Segment;
+class gsl_StLine;
 
 /// A point in space, in model units, with a persistent identity.
 ///
@@ -105,6 +108,56 @@ public:
     /// or NaN, and the result is true.
     [[nodiscard]] bool Bary(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3,
                             double* weights) const noexcept;
+
+    // ---- Lines, planes and segments. A line without direction and a plane without normal (length 0) are at the
+    // distance NaN of every point, and no point is on them.
+
+    /// |(p - q) x d| / |d| for a line through q along d.
+    [[nodiscard]] double GetDistance(const gsl_StLine& line) const noexcept;
+
+    /// ((p - q) . n) / |n| for a plane through q: positive on the side to which the normal n points.
+    [[nodiscard]] double GetSignedDistance(const gsl_Plane& plane) const noexcept;
+    [[nodiscard]] double GetDistance(const gsl_Plane& plane) const noexcept;
+
+    /// To where the ray from this point along `direction`, or against it, meets the plane; where it does not
+    /// (`RayIntersect`), the plain distance.
+    [[nodiscard]] double GetDistance(const gsl_Plane& plane, const gsl_Vector& direction) const noexcept;
+
+    /// To the nearest point of the segment, ends included; its coordinates are stored in `nearest`. A segment up to
+    /// LinTol long (inclusive) is its first point.
+    double GetDistance(const gsl_Segment& segment, gsl_Point& nearest) const noexcept;
+
+    /// To the nearest point of the triangle: of its inside, an edge or a corner. Collinear corners (see the three-point
+    /// `gsl_Vector`) leave the three edges; edges of any length count as they are, and one with a NaN corner does
+    /// not count. NaN when none is left, and for a NaN point.
+    [[nodiscard]] double GetDistance(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3) const noexcept;
+
+    /// Within LinTol (inclusive; two lines, and two points, are compared strictly).
+    [[nodiscard]] bool IsOn(const gsl_StLine& line) const noexcept;
+    [[nodiscard]] bool IsOn(const gsl_Plane& plane) const noexcept;
+
+    /// Foot of the perpendicular, with the default identity. `distance` is how far it lies from the line's point along
+    /// the line's direction, negative against it: what `gsl_StLine::PointAtDistance` takes. A line without direction
+    /// gives its point and 0.
+    [[nodiscard]] gsl_Point ProjectOn(const gsl_StLine& line, double& distance) const noexcept;
+
+    /// Foot of the perpendicular, with the default identity; this point's place for a plane without normal.
+    [[nodiscard]] gsl_Point ProjectOn(const gsl_Plane& plane) const noexcept;
+
+    /// Foot of the perpendicular on the line that carries the segment, its coordinates stored in `foot`, and how far it
+    /// lies from the first end towards the second in `distance`. True when it lies within the segment by the two-point
+    /// `Bary`: beyond an end by at most LinTol (inclusive). A segment up to LinTol long (inclusive) gives its first
+    /// point and 0, and true when this point is within LinTol of that (inclusive).
+    [[nodiscard]] bool ProjectOn(const gsl_Segment& segment, gsl_Point& foot, double& distance) const noexcept;
+
+    /// Where the line from this point along `direction`, in either sense, meets the plane: coordinates stored in `out`.
+    /// In this order:
+    /// - false when |direction| < LinTol (strict);
+    /// - this point and true when it is on the plane (inclusive), whatever the direction;
+    /// - false when the direction is parallel to the plane (`gsl_Vector::IsOrthogonal` to the normal);
+    /// - false when the place is not finite, as with a plane without normal.
+    /// After false, `out` has this point's coordinates.
+    [[nodiscard]] bool RayIntersect(const gsl_Vector& direction, const gsl_Plane& plane, gsl_Point& out) const noexcept;
 
     // ---- Comparison
 

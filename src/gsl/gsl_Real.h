@@ -9,6 +9,14 @@
     return -tolerance <= difference && difference <= tolerance;
 }
 
+/// a <= b + tolerance (inclusive), and its mirror image a >= b - tolerance. A NaN anywhere gives false.
+[[nodiscard]] inline bool gsl_RealLessEqual(double a, double b, double tolerance) noexcept {
+    return a <= b + tolerance;
+}
+[[nodiscard]] inline bool gsl_RealGreaterEqual(double a, double b, double tolerance) noexcept {
+    return a >= b - tolerance;
+}
+
 /// True when a == b exactly, or when both give the same signed integer after rounding to `digits` significant decimal
 /// digits (half away from zero; zero gives 0). Oddities to know:
 /// - unequal values with digits above 15: always false;

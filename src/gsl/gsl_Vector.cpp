@@ -1,4 +1,5 @@
 #include <gsl/gsl_Matrix.h>
+#include <gsl/gsl_Plane.h>
 #include <gsl/gsl_Point.h>
 #include <gsl/gsl_PrintIndented.h>
 #include <gsl/gsl_Real.h>
@@ -7,6 +8,15 @@
 #include <cmath>
 #include <numbers>
 #include <ostream>
+
+namespace {
+
+/// The part of `vector` across `unit`.
+gsl_Vector Across(const gsl_Vector& vector, const gsl_Vector& unit) noexcept {
+    return vector - unit * unit.DotProduct(vector);
+}
+
+}  // namespace
 
 gsl_Vector::gsl_Vector(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3) noexcept
     : _xyz{0.0, 0.0, 0.0}, _magnitude(0.0) {
@@ -21,6 +31,10 @@ gsl_Vector::gsl_Vector(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point
 
 void gsl_Vector::RotateAndTransform(const gsl_Matrix& matrix) noexcept { matrix.Transform(*this); }
 
+gsl_Vector gsl_Vector::ProjectOn(const gsl_Plane& plane) const noexcept {
+    return Across(*this, plane.Direction().Unit());
+}
+
 gsl_Vector gsl_Vector::AnyOrthogonalUnit() const noexcept {
     gsl_Vector result(Y() - Z(), Z() - X(), X() - Y());
     if (result.Length() < gsl_Util::LinTol()) result = gsl_Vector(1.0, -1.0, 0.0);
@@ -34,7 +48,7 @@ gsl_Vector gsl_Vector::BestAlignedOrthogonalUnit() const noexcept {
     for (unsigned k = 0; k < 3; ++k) {
         gsl_Vector axis(0.0, 0.0, 0.0);
         axis[k] = 1.0;
-        const gsl_Vector projection = axis - unit * unit.DotProduct(axis);
+        const gsl_Vector projection = Across(axis, unit);
         if (projection.Length() - best.Length() > gsl_Util::LinTol()) best = projection;
     }
     return CrossProduct(best).CrossProduct(*this);

@@ -15,6 +15,7 @@
 #include <tuple>
 
 class gsl_Matrix;
+class gsl_Plane;
 class gsl_Point;
 
 /// A free vector in model units that remembers its own length.
@@ -119,6 +120,13 @@ public:
 
     /// A unit copy with its cache unknown; (0, 0, 0) when the length is less than LinTol (strict).
     [[nodiscard]] gsl_Vector NormalizedCopy() const noexcept;
+
+    /// (UnitX, UnitY, UnitZ), however short this vector is; (0, 0, 0) when the length is exactly 0. Cache unknown.
+    [[nodiscard]] gsl_Vector Unit() const noexcept { return {UnitX(), UnitY(), UnitZ()}; }
+
+    /// The part of this vector that lies in the plane, v - (v . n) n with n the unit normal; this vector when the
+    /// plane has no normal (length 0). The plane's point plays no part.
+    [[nodiscard]] gsl_Vector ProjectOn(const gsl_Plane& plane) const noexcept;
 
     /// (y - z, z - x, x - y) normalised; (1, -1, 0) normalised when that is shorter than LinTol (strict): for the zero
     /// vector, for one along (1, 1, 1), for a tiny one. Only the first form is sure to be orthogonal to this vector.

@@ -106,6 +106,9 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
              ", -0.496287)\n",
              "set 102, time 2\n    greatest 0.508922354 at node 7 (60, 0, 60)\n",
              ", -0.497248)\n",
+             "coincident nodes merged: 0\n  body 1: 606 triangles of skin\n  body 2: 160 triangles of skin\n",
+             "undeformed\n    body 1 to body 2: 0.75, at (",
+             "deformed by set 101\n    body 1 to body 2: 0.301001748, at (56, 11.983",
              "A camera from (1, 1, 1), fitted\n  view orientation\n(-0.707106",
              "1 matrix and 1803 points\n  read back identical",
          })
@@ -116,6 +119,30 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
     EXPECT_EQ(dump.exitCode, 0);
     EXPECT_THAT(dump.out, StartsWith("00000000  gsl_Matrix"));
     EXPECT_EQ(EachReplaced(dump.out, "gsl_Point", "gsl_Point.").size() - dump.out.size(), 1803U);
+}
+
+TEST_F(StressReport, ProbesMergesAndFindsBodies) {
+    // Two triangles that share the places of two nodes but not the nodes, and one far above them.
+    std::string text = "    1C\n    2C                             9                                     0\n";
+    const char* const nodes[] = {" 0.00000E+00 0.00000E+00 0.00000E+00", " 4.00000E+00 0.00000E+00 0.00000E+00",
+                                 " 0.00000E+00 4.00000E+00 0.00000E+00", " 4.00000E+00 0.00000E+00 0.00000E+00",
+                                 " 0.00000E+00 4.00000E+00 0.00000E+00", " 4.00000E+00 4.00000E+00 0.00000E+00",
+                                 " 1.00000E+00 1.00000E+00 2.50000E+00", " 2.00000E+00 1.00000E+00 2.50000E+00",
+                                 " 1.00000E+00 2.00000E+00 1.25000E+00"};
+    for (int i = 0; i < 9; ++i) text += " -1    " + std::string(1, static_cast<char>('1' + i)) + nodes[i] + "\n";
+    text += " -3\n    3C                             3                                     0\n";
+    for (const char* element : {"1    7    0    1\n -2    7    8    9", "2    7    0    1\n -2    1    2    3",
+                                "3    7    0    1\n -2    4    5    6"})
+        text += std::string(" -1    ") + element + "\n";
+    const fs::path results = folder / "case.frd";
+    std::ofstream(results, std::ios::binary) << text + " -3\n 9999\n";
+    const ChildResult child = RunProgram({program, results.string(), "--stream", stream.string(), "--probe", "4", "5",
+                                          "0.5", "--probe", "1", "1", "2.5"});
+    EXPECT_EQ(child.exitCode, 0) << child.err;
+    EXPECT_THAT(child.out, HasSubstr("merged: 2\n  body 1: 1 triangles of skin\n  body 2: 2 triangles of skin\n"));
+    EXPECT_THAT(child.out, HasSubstr("body 1 to body 2: 1.25, at (1, 2, 0)\n"));
+    EXPECT_THAT(child.out,
+                HasSubstr("probe (4, 5, 0.5): node 6, 1.11803399 away\n  probe (1, 1, 2.5): node 7, 0 away"));
 }
 
 TEST_F(StressReport, DrawsWhatTheFittedCameraSees) {
@@ -225,7 +252,10 @@ TEST_F(StressReport, LeavesOtherFilesAlone) {
     EXPECT_EQ(RunProgram({ORV_PROGRAM_DIR "/memento_dump", results.string()}).exitCode, 2);
 
     using Arguments = std::vector<std::string>;
-    for (const Arguments& call : {Arguments{program}, {program, "a.frd", "b.frd"}, {program, "a.frd", "--stream"}}) {
+    for (const Arguments& call : {Arguments{program},
+                                  {program, "a.frd", "b.frd"},
+                                  {program, "a.frd", "--stream"},
+                                  {program, "a.frd", "--probe", "1", "2", "x"}}) {
         const ChildResult child = RunProgram(call);
         EXPECT_EQ(child.exitCode, 1);
         EXPECT_THAT(child.err, StartsWith("usage: "));

@@ -24,12 +24,19 @@ T ReadForged(Write write) {
     return ReadBack<T>(registrar, Written(registrar, Forged<T, Write>{write}));
 }
 
-TEST(gsl_Persistence, ValuesComeBackBitForBitWithAFreshIdentity) {
+struct gsl_Persistence : testing::Test {
     cls_ClassRegistrar registrar;
-    for (const auto initialize : {gsl_Point::InitializeMetadata, gsl_PersistentVector::InitializeMetadata,
-                                  gsl_PersistentMatrix::InitializeMetadata, gsl_Plane::InitializeMetadata,
-                                  omu_xoObjVarray<gsl_Plane>::InitializeMetadata})
-        initialize(registrar);
+    void SetUp() override {
+        for (const auto initialize :
+             {gsl_Point::InitializeMetadata, gsl_PersistentVector::InitializeMetadata,
+              gsl_PersistentMatrix::InitializeMetadata, gsl_StLine::InitializeMetadata, gsl_Plane::InitializeMetadata,
+              gsl_Segment::InitializeMetadata, gsl_Dot::InitializeMetadata, gsl_ModelSegment::InitializeMetadata,
+              omu_xoObjVarray<gsl_StLine>::InitializeMetadata, omu_xoObjVarray<gsl_Plane>::InitializeMetadata})
+            initialize(registrar);
+    }
+};
+
+TEST_F(gsl_Persistence, ValuesComeBackBitForBitWithAFreshIdentity) {
     RandomGeometry random(20221);
     for (int n = 0; n < 50; ++n) {
         const gsl_Point p(random.Point(), random.Point()), read = RoundTrip(registrar, p);
@@ -59,7 +66,33 @@ TEST(gsl_Persistence, ValuesComeBackBitForBitWithAFreshIdentity) {
     EXPECT_THROW((void)one[1], nex_RangeException);
 }
 
-TEST(gsl_Persistence, CachedLengthIsTakenUnlessItCannotBeOne) {
+TEST_F(gsl_Persistence, DatumsComeBackWithEveryAttribute) {
+    const gsl_Point p(1.5, -2.0, 1e300), q(0.0, -0.0, 3.0);
+    const auto check = [&](auto datum, const gsl_Point& (std::decay_t<decltype(datum)>::*point)() const noexcept) {
+        datum.FlipDirection();
+        datum.SetOwnerFeatID(-9);
+        datum.SetParentIds({7U, 4294967295U});
+        omu_xoObjVarray<decltype(datum)> data;
+        data.Append(datum);
+        const auto read = RoundTrip(registrar, data)[0];
+        EXPECT_EQ((read.*point)().AsArray(), p.AsArray());
+        EXPECT_EQ(read.Direction().AsArray(), (kY * -3.0).AsArray());
+        EXPECT_TRUE(read.Method() == datum.Method() && read.IsOk() == datum.IsOk() && read.IsFlipped());
+        EXPECT_TRUE(read.OwnerFeatID() == -9 && read.ParentIds() == datum.ParentIds());
+    };
+    check(gsl_StLine(p, kY * 3.0, gsl_LineMethod{-77}), &gsl_StLine::Point);  // an unlisted method stays
+    check(gsl_Plane(p, kY * 3.0, gsl_DirMethod::PLANE_INVALID), &gsl_Plane::Centroid);
+    EXPECT_FALSE(RoundTrip(registrar, gsl_StLine()).Uid() == cls_Uid());
+
+    const gsl_Segment segment = RoundTrip(registrar, gsl_Segment(p, q));
+    const auto model = RoundTrip(registrar, gsl_ModelSegment(gsl_Dot(-4, 5), gsl_Dot(q, gsl_DotMethod::gsl_FROM_NODE)));
+    EXPECT_TRUE(segment.Point1().AsArray() == p.AsArray() && segment.Point2().AsArray() == q.AsArray());
+    EXPECT_TRUE(model.Point1()->OwnerFeatID() == -4 && model.Point1()->EntityId() == 5);
+    EXPECT_TRUE(model.Point2()->Point() == q && model.Point2()->GetMethod() == gsl_DotMethod::gsl_FROM_NODE);
+    EXPECT_EQ(RoundTrip(registrar, gsl_ModelSegment()).Point2(), nullptr);
+}
+
+TEST_F(gsl_Persistence, CachedLengthIsTakenUnlessItCannotBeOne) {
     for (const double stored : {7.0, -3.0, kNaN}) {
         const auto v = ReadForged<gsl_PersistentVector>([stored](const cls_WriteVisitor& visitor) {
             visitor.Write("_x", 3.0);
@@ -70,7 +103,7 @@ TEST(gsl_Persistence, CachedLengthIsTakenUnlessItCannotBeOne) {
     }
 }
 
-TEST(gsl_Persistence, MatrixStateIsRepairedAndAnotherShapeRefused) {
+TEST_F(gsl_Persistence, MatrixStateIsRepairedAndAnotherShapeRefused) {
     const auto read = [](int state, int rows, int columns) {
         return ReadForged<gsl_PersistentMatrix>([=](const cls_WriteVisitor& visitor) {
             cow_2DArray<double> elements(rows, columns);
@@ -84,11 +117,12 @@ TEST(gsl_Persistence, MatrixStateIsRepairedAndAnotherShapeRefused) {
         EXPECT_THROW((void)read(1, rows, columns), nex_StreamException);
 }
 
-TEST(gsl_Persistence, WithoutStoredFieldsObjectsAreTheDefaults) {
+TEST_F(gsl_Persistence, WithoutStoredFieldsObjectsAreTheDefaults) {
     const cls_ReadVisitor nothing(nullptr);
     EXPECT_TRUE(gsl_PersistentMatrix(nothing).IsIdentity());
     EXPECT_EQ(gsl_PersistentVector(nothing).AsArray(), kZ.AsArray());
     EXPECT_EQ(gsl_Point(nothing).AsArray(), gsl_Point().AsArray());
+    EXPECT_TRUE(gsl_StLine(nothing).IsOk() && gsl_Plane(nothing).Direction() == kX);
     EXPECT_EQ(omu_xoObjVarray<gsl_Dot>(nothing).GrowthRatio(), 2.0);
 }
 

@@ -81,7 +81,7 @@ TEST_F(idb_Hostile, PrefixesAndBitChanges) {
     Attack(gsl_Point(1, 2, 3));
     Attack(gsl_PersistentVector(1, 2, 3));
     Attack(gsl_PersistentMatrix());
-    Attack(LineRecord());
+    Attack(gsl_StLine());
     omu_xoObjVarray<gsl_Dot> dots;
     dots.Append(gsl_Dot());
     Attack(dots);

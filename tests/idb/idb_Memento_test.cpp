@@ -35,13 +35,12 @@ const std::string lineBytes = FromHex(
     "39 01 23 00  01  00 00 00 00"
     "02 00 00 00  01 00 00 00  07 00 00 00  ff ff ff ff");
 
-LineRecord Line() {
-    LineRecord line;
-    line.point = gsl_Point(1, 2, 3);
-    line.direction = gsl_PersistentVector(0, 0, 1);
-    (void)line.direction.Length();
-    line.parents = {7U, 4294967295U};
-    line.owner = 9;
+gsl_StLine Line() {
+    gsl_Vector direction(0, 0, 1);
+    (void)direction.Length();
+    gsl_StLine line(gsl_Point(1, 2, 3), direction);
+    line.SetParentIds({7U, 4294967295U});
+    line.SetOwnerFeatID(9);
     return line;
 }
 
@@ -72,11 +71,11 @@ TEST(idb_Memento, WritesTheseBytes) {
     EXPECT_EQ(ToHex(Written(r, gsl_Point(1, 2, -0.5))), ToHex(pointBytes));
     EXPECT_EQ(ToHex(Written(r, Line())), ToHex(lineBytes));
 
-    const auto line = ReadBack<LineRecord>(r, lineBytes);
+    const auto line = ReadBack<gsl_StLine>(r, lineBytes);
     EXPECT_EQ(Written(r, line), lineBytes);
-    EXPECT_EQ(line.parents, (cow_List<unsigned>{7U, 4294967295U}));
-    EXPECT_EQ(line.owner, 9);
-    EXPECT_NE(line.point.Uid(), gsl_Point().Uid()) << "reading allocates an identity";
+    EXPECT_EQ(line.ParentIds(), (cow_List<unsigned>{7U, 4294967295U}));
+    EXPECT_EQ(line.OwnerFeatID(), 9);
+    EXPECT_NE(line.Point().Uid(), gsl_Point().Uid()) << "reading allocates an identity";
 }
 
 TEST(idb_Memento, EveryKindOfAttributeComesBack) {

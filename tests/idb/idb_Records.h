@@ -9,6 +9,7 @@
 #include <gsl/gsl_PersistentMatrix.h>
 #include <gsl/gsl_PersistentVector.h>
 #include <gsl/gsl_Point.h>
+#include <gsl/gsl_StLine.h>
 
 #include <string>
 
@@ -170,47 +171,6 @@ struct Link {
         : next(v.Read("next", cow_CountedHld<Link>())), inside(v.Read("inside", cow_List<Link>())) {}
 };
 
-/// The layout of a datum line: fields of every slot width, embedded objects and a list.
-struct LineRecord {
-    gsl_Point point;
-    gsl_PersistentVector direction;
-    int method = 0;
-    bool flip = false;
-    bool ok = true;
-    cow_List<unsigned> parents;
-    int owner = 0;
-
-    LineRecord() = default;
-    static unsigned TypeId() { return 0x030A0006; }
-    static void InitializeMetadata(cls_ClassRegistrar& r) {
-        r.Class<LineRecord>("LineRecord", 800)
-            .Add<gsl_Point>("_point")
-            .Add<gsl_PersistentVector>("_dir")
-            .Add<int>("_method")
-            .Add<bool>("_flip")
-            .Add<bool>("_ok")
-            .Add<cow_List<unsigned>>("parent_ids")
-            .Add<int>("owner_feat_id");
-    }
-    void DBWrite(const cls_WriteVisitor& v) const {
-        v.Write("_point", point);
-        v.Write("_dir", direction);
-        v.Write("_method", method);
-        v.Write("_flip", flip);
-        v.Write("_ok", ok);
-        v.Write("parent_ids", parents);
-        v.Write("owner_feat_id", owner);
-    }
-    explicit LineRecord(const cls_ReadVisitor& v)
-        : point(v.Read("_point", gsl_Point())),
-          direction(v.Read("_dir", gsl_PersistentVector(1.0, 0.0, 0.0))),
-          method(v.Read("_method", 0)),
-          flip(v.Read("_flip", false)),
-          ok(v.Read("_ok", true)),
-          parents(v.Read("parent_ids", cow_List<unsigned>())),
-          owner(v.Read("owner_feat_id", 0)) {}
-};
-
 /// A registrar that knows all of them and the geometry values.
 inline const cls_ClassRegistrar& TestRegistrar() {
     static const cls_ClassRegistrar* const registrar = [] {
@@ -222,7 +182,7 @@ inline const cls_ClassRegistrar& TestRegistrar() {
         Square::InitializeMetadata(r);
         Everything::InitializeMetadata(r);
         Link::InitializeMetadata(r);
-        LineRecord::InitializeMetadata(r);
+        gsl_StLine::InitializeMetadata(r);
         gsl_Point::InitializeMetadata(r);
         gsl_PersistentVector::InitializeMetadata(r);
         gsl_PersistentMatrix::InitializeMetadata(r);

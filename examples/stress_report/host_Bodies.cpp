@@ -1,0 +1,53 @@
+#include "host_Bodies.h"
+
+#include "frd_Skin.h"
+
+#include <map>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+/// Which nodes hang together: a forest with halved paths.
+class Components {
+public:
+    explicit Components(std::size_t count) : _parents(count) { std::iota(_parents.begin(), _parents.end(), 0U); }
+
+    [[nodiscard]] std::size_t Root(std::size_t node) {
+        while (_parents[node] != node) node = _parents[node] = _parents[_parents[node]];
+        return node;
+    }
+    void Join(std::size_t a, std::size_t b) { _parents[Root(a)] = Root(b); }
+
+private:
+    std::vector<std::size_t> _parents;
+};
+
+}  // namespace
+
+std::vector<host_Body> host_Bodies(const frd_Model& model, const cow_List<unsigned>& kept) {
+    Components components(model.nodes.size());
+    for (std::size_t node = 0; node < model.nodes.size(); ++node)
+        components.Join(node, kept.ConstGet(static_cast<int>(node)));
+    for (const frd_Element& element : model.elements)
+        for (const std::size_t node : element.nodes) components.Join(element.nodes.front(), node);
+
+    std::vector<host_Body> bodies;
+    std::map<std::size_t, std::size_t> bodyOf;  // by root
+    for (const frd_Face& face : frd_Skin(model)) {
+        const auto& nodes = face.nodes;
+        if (nodes.size() < 3) continue;
+        const auto [found, isNew] = bodyOf.try_emplace(components.Root(nodes[0]), bodies.size());
+        if (isNew) bodies.emplace_back();
+        for (std::size_t k = 2; k < nodes.size(); ++k)
+            bodies[found->second].triangles.push_back({nodes[0], nodes[k - 1], nodes[k]});
+    }
+    return bodies;
+}
+
+cow_List<gsl_Triangle> host_Triangles(const host_Body& body, const std::vector<gsl_Point>& positions) {
+    std::vector<gsl_Triangle> triangles;
+    triangles.reserve(body.triangles.size());
+    for (const auto& [a, b, c] : body.triangles) triangles.emplace_back(positions[a], positions[b], positions[c]);
+    return cow_List<gsl_Triangle>(std::move(triangles));
+}

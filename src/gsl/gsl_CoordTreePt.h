@@ -1,0 +1,12 @@
+#ifndef ORV_GSL_GSL_COORDTREEPT_H
+#define ORV_GSL_GSL_COORDTREEPT_H
+
+#include <gsl/gsl_Point.h>
+
+/// A point of a coordinate tree: coordinates and identity, and the index its caller gave it. Indices need not differ.
+struct gsl_CoordTreePt {
+    gsl_Point point;
+    unsigned index = 0;
+};
+
+#endif
