@@ -131,7 +131,7 @@ void gsl_CoordTreeImpl::DeepCopy(const gsl_CoordTreeImpl& other) {
     const auto copy = [&](const Node* from) -> Node* {
         if (from == nullptr) return nullptr;
         Node* const to = _pool.Make(*from);
-        to->isSameBelow = from->isSameBelow;
+        to->CopyBounds(*from);
         pending.Push({from, to});
         return to;
     };
@@ -248,6 +248,13 @@ unsigned gsl_CoordTreeImpl::SplitPointList(std::span<Record> points, unsigned ax
     return low < node.point[axis] ? MoveBelow(points.data(), points, axis, node.point[axis]) : 0;
 }
 
+/// The greatest coordinate, NaN aside; minus infinity when there is none.
+double gsl_CoordTreeImpl::Greatest(std::span<const Record> points, unsigned axis) noexcept {
+    double greatest = -kInfinity;
+    for (const Record& point : points) greatest = std::max(greatest, point.xyz[axis]);
+    return greatest;
+}
+
 void gsl_CoordTreeImpl::InsertRecords(std::span<Record> records, std::span<const gsl_Point> points) {
     SamplePositions sample(records.size());
     std::vector<gsl_CoordTreeArgs> pending;
@@ -285,15 +292,16 @@ void gsl_CoordTreeImpl::InsertRecords(std::span<Record> records, std::span<const
                                 .length = item.length - below - own,
                                 .low = item.low};
         upper.low[axis] = std::max(item.low[axis], item.node->point[axis]);  // a NaN does not replace the first
-        if (own == 0) item.node->isSameBelow = false;
+        if (own == 0 && item.node->IsSameBelow()) item.node->SetSameBelow(false);
+        if (below > 0) item.node->RaiseLeftBound(Greatest(records.subspan(item.start, below), axis));
         place(item.node->right, upper);
         place(item.node->left, {.depth = item.depth + 1, .start = item.start, .length = below, .low = item.low});
     }
     _count += static_cast<unsigned>(records.size());
     for (std::size_t i = made.size(); i-- > 0;) {
         const Node* const right = made[i]->right;
-        made[i]->isSameBelow = made[i]->left == nullptr &&
-                               (right == nullptr || (right->isSameBelow && IsSame(right->point, made[i]->point)));
+        if (made[i]->left == nullptr && right != nullptr)
+            made[i]->SetSameBelow(right->IsSameBelow() && IsSame(right->point, made[i]->point));
     }
 }
 
@@ -316,8 +324,10 @@ void gsl_CoordTreeImpl::Insert(const gsl_Point& point, unsigned index) {
     int depth = 0;
     for (unsigned axis = 0; *link != nullptr; axis = NextAxis(axis), ++depth) {
         Node& node = **link;
-        if (node.isSameBelow) node.isSameBelow = IsSame(node.point, point);
-        link = point[axis] < node.point[axis] ? &node.left : &node.right;
+        if (node.IsSameBelow() && !IsSame(node.point, point)) node.SetSameBelow(false);
+        const bool isLeft = point[axis] < node.point[axis];
+        if (isLeft) node.RaiseLeftBound(point[axis]);
+        link = isLeft ? &node.left : &node.right;
     }
     *link = _pool.Make({point, index});
     _greatestDepth = std::max(_greatestDepth, depth + 1);
@@ -339,6 +349,12 @@ void gsl_CoordTreeImpl::Search(const gsl_Point& point, Visitor& visitor) const {
         Place root;
         std::array<double, 3> offset;  // from the point to the cell
         double square;                 // of the distance to the cell
+
+        void MoveTo(unsigned axis, double gap) noexcept {
+            if (!(gap > offset[axis])) return;
+            offset[axis] = gap;
+            square = SquaredDistance(offset, {0.0, 0.0, 0.0});
+        }
     };
     const std::array<double, 3> p = point.AsArray();
     if (std::isnan(p[0]) || std::isnan(p[1]) || std::isnan(p[2])) return;
@@ -351,20 +367,21 @@ void gsl_CoordTreeImpl::Search(const gsl_Point& point, Visitor& visitor) const {
             const std::array<double, 3>& q = at.node->point.AsArray();
             const double square = SquaredDistance(p, q);
             if (square <= visitor.limit && visitor(at, square)) return;
-            if (at.node->isSameBelow && square > visitor.limit) break;
+            if (at.node->IsSameBelow() && square > visitor.limit) break;
 
-            const bool isLeft = q[at.axis] > p[at.axis];
-            const unsigned nextAxis = NextAxis(at.axis);
-            Node* const far = isLeft ? at.node->right : at.node->left;
+            const unsigned axis = at.axis;
+            const bool isLeft = q[axis] > p[axis];
+            const double toLeft = p[axis] - at.node->LeftBound(q[axis]), toRight = q[axis] - p[axis];
+            Node* const node = at.node;
+            Node* const far = isLeft ? node->right : node->left;
             if (far != nullptr) {
-                Cell beyond{{far, at.node, nextAxis}, cell.offset, 0.0};
-                double& offset = beyond.offset[at.axis];
-                const double toSplit = std::abs(p[at.axis] - q[at.axis]);
-                if (toSplit > offset) offset = toSplit;
-                beyond.square = SquaredDistance(beyond.offset, {0.0, 0.0, 0.0});
+                Cell beyond = cell;
+                beyond.root = {far, node, NextAxis(axis)};
+                beyond.MoveTo(axis, isLeft ? toRight : toLeft);
                 if (!(beyond.square > visitor.limit)) pending.Push(beyond);
             }
-            at = {isLeft ? at.node->left : at.node->right, at.node, nextAxis};
+            at = {isLeft ? node->left : node->right, node, NextAxis(axis)};
+            cell.MoveTo(axis, isLeft ? toLeft : toRight);
         }
     }
 }
@@ -515,7 +532,8 @@ cow_List<unsigned> gsl_CoordTreeImpl::FindInBox(const gsl_BBox& box) const {
         if (inside(q)) found.push_back(node->index);
         // Equal on the left too: removal leaves such points there.
         if (node->right != nullptr && !(high[axis] < q[axis])) pending.Push({node->right, NextAxis(axis)});
-        if (node->left != nullptr && !(low[axis] > q[axis])) pending.Push({node->left, NextAxis(axis)});
+        if (node->left != nullptr && !(low[axis] > node->LeftBound(q[axis])))
+            pending.Push({node->left, NextAxis(axis)});
     }
     return cow_List<unsigned>(std::move(found));
 }

@@ -90,6 +90,7 @@ private:
     static unsigned MoveBelow(Record* target, std::span<Record> points, unsigned axis, double value) noexcept;
     static unsigned SplitPointList(std::span<Record> points, unsigned axis, double low, SamplePositions& sample);
     static unsigned SplitPointList(std::span<Record> points, unsigned axis, double low, const gsl_CoordTreeNode& node);
+    static double Greatest(std::span<const Record> points, unsigned axis) noexcept;
     void InsertRecords(std::span<Record> records, std::span<const gsl_Point> points);
 
     // ---- Searches
