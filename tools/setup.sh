@@ -5,7 +5,7 @@ set -eu
 
 demo="g++ cmake ninja-build ccache libcairo2-dev"
 check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev libglm-dev libnanoflann-dev
-    libeigen3-dev libfcl-dev python3"
+    libeigen3-dev libfcl-dev gfortran python3"
 case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;

@@ -1,6 +1,7 @@
-// Reads a solver's result file, tells what is in it and where it moves most, merges coincident nodes, finds the nodes
-// nearest to given points and the gaps between bodies, turns the model, and keeps points and matrix in a model stream
-// that it reads back and compares. Fits a camera to the model, and draws a picture if asked to.
+// Reads a solver's result file, tells what is in it, where it moves most and where the stress is greatest, merges
+// coincident nodes, finds the nodes nearest to given points and the gaps between bodies, turns the model, and keeps
+// points and matrix in a model stream that it reads back and compares. Fits a camera to the model, and draws a picture
+// if asked to.
 
 #include "../support/host_ReadFile.h"
 #include "../support/host_Session.h"
@@ -25,6 +26,8 @@
 #include <idb/idb_Dump.h>
 #include <idb/idb_ReadObject.h>
 #include <idb/idb_WriteObject.h>
+#include <utf/utf_ComponentOrder.h>
+#include <utf/utf_TensorBatch.h>
 
 #include <algorithm>
 #include <charconv>
@@ -34,6 +37,7 @@
 #include <iostream>
 #include <map>
 #include <numbers>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -129,6 +133,58 @@ void PrintDisplacements(const frd_Model& model, const std::vector<gsl_Point>& po
                   << points[node] << "\n    by       " << DisplacementAt(result, greatest.row) << '\n';
     }
     if (!any) std::cout << "  no displacements\n";
+}
+
+/// A stress result whose components stand in the order xx yy zz xy yz zx.
+bool IsStress(const frd_Result& result) { return result.name == "STRESS" && result.components.size() == 6; }
+
+/// A quantity that a tensor has, for each node of a result.
+struct Measure {
+    const char* name;
+    std::vector<double> values;
+};
+
+std::vector<Measure> MeasuresOf(const frd_Result& stress) {
+    std::vector<double> tensors(stress.values.size());
+    utf_Reorder(utf_ComponentOrderEnm::XyYzZx, utf_ComponentOrderEnm::Kind9, stress.values, tensors);
+    const utf_TensorBatch<double> batch(res_TENSOR_3D_FULL, tensors);
+    const std::size_t count = batch.count();
+    std::vector<Measure> measures;
+    for (const char* name : {"Mises", "Tresca", "max principal", "min principal"})
+        measures.push_back({name, std::vector<double>(count)});
+    batch.mises(measures[0].values);
+    batch.tresca(measures[1].values);
+    std::vector<double> principal(3 * count);
+    batch.principleValues(principal);
+    for (std::size_t i = 0; i < count; ++i) {
+        measures[2].values[i] = principal[3 * i];
+        measures[3].values[i] = principal[3 * i + 2];
+    }
+    return measures;
+}
+
+/// The greatest of each measure, the least of the last, and where; NaN left out.
+void PrintStresses(const frd_Model& model, const std::vector<gsl_Point>& points) {
+    bool any = false;
+    for (const frd_Result& result : model.results) {
+        if (!IsStress(result)) continue;
+        any = true;
+        std::cout << "  set " << result.set << '\n';
+        const std::vector<Measure> measures = MeasuresOf(result);
+        for (const Measure& measure : measures) {
+            const double sign = &measure == &measures.back() ? -1.0 : 1.0;
+            std::optional<std::size_t> extreme;
+            for (std::size_t row = 0; row < measure.values.size(); ++row)
+                if (!std::isnan(measure.values[row]) &&
+                    (!extreme || sign * measure.values[row] > sign * measure.values[*extreme]))
+                    extreme = row;
+            if (!extreme) continue;
+            const std::size_t node = result.nodes[*extreme];
+            std::cout << "    " << std::left << std::setw(14) << measure.name << measure.values[*extreme] << " at node "
+                      << model.nodes[node].number << ' ' << points[node] << '\n';
+        }
+    }
+    if (!any) std::cout << "  no stresses\n";
 }
 
 /// The nearest node to each probe.
@@ -262,6 +318,8 @@ bool Report(const frd_Model& model, const Options& options) {
     PrintExtents(points);
     std::cout << "\nDisplacements\n";
     PrintDisplacements(model, points);
+    std::cout << "\nStresses, extremes\n";
+    PrintStresses(model, points);
     std::cout << "\nBodies\n";
     PrintBodies(model, points);
     if (!options.probes.empty()) std::cout << "\nProbes\n";

@@ -18,8 +18,9 @@ struct Level {
 };
 
 constexpr int noSSE = 2;
+constexpr int avx = 0x20000;
 constexpr Level levels[] = {
-    {"AVX", 0x20000, "AVX"},      {"SSE3", 0x800, "SSE 3"},     {"SSE2", 0x200, "SSE 2"},  {"SSSE3", 0x1000, "S-SSE 3"},
+    {"AVX", avx, "AVX"},          {"SSE3", 0x800, "SSE 3"},     {"SSE2", 0x200, "SSE 2"},  {"SSSE3", 0x1000, "S-SSE 3"},
     {"SSE41", 0x2000, "SSE 4.1"}, {"SSE42", 0x8000, "SSE 4.2"}, {"NONE", noSSE, "NO SSE"},
 };
 
@@ -40,7 +41,7 @@ bool WideRegistersAreSaved() {
 int DetectLevel() {
     unsigned eax = 0, ebx = 0, ecx = 0, edx = 0;
     if (!__get_cpuid(1, &eax, &ebx, &ecx, &edx)) return noSSE;
-    if ((ecx & bit_AVX) && (ecx & bit_OSXSAVE) && WideRegistersAreSaved()) return 0x20000;
+    if ((ecx & bit_AVX) && (ecx & bit_OSXSAVE) && WideRegistersAreSaved()) return avx;
     if (ecx & bit_SSE4_2) return 0x8000;
     if (ecx & bit_SSE4_1) return 0x2000;
     if (ecx & bit_SSSE3) return 0x1000;
@@ -88,4 +89,9 @@ int OrvBasOmniGetSSELevel() {
         if (levelWord.compare_exchange_strong(level, detected, std::memory_order_relaxed)) level = detected;
     }
     return level;
+}
+
+bool OrvBasOmniHasAVX() {
+    static const bool has = DetectLevel() == avx;
+    return has;
 }

@@ -23,4 +23,7 @@ ORV_EXPORT void OrvBasOmniSetSSELevel();
 /// 0x1FFFF selects the wide-vector code paths, any other the generic ones.
 [[nodiscard]] ORV_EXPORT int OrvBasOmniGetSSELevel();
 
+/// Whether the processor has AVX and the system saves its registers on a switch of threads, whatever level was forced.
+[[nodiscard]] ORV_EXPORT bool OrvBasOmniHasAVX();
+
 #endif

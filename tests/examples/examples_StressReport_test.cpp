@@ -106,6 +106,8 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
              ", -0.496287)\n",
              "set 102, time 2\n    greatest 0.508922354 at node 7 (60, 0, 60)\n",
              ", -0.497248)\n",
+             "set 101\n    Mises         456.385127 at node 1025 (",
+             "set 102\n    Mises         612.824464 at node 1025 (",
              "coincident nodes merged: 0\n  body 1: 606 triangles of skin\n  body 2: 160 triangles of skin\n",
              "undeformed\n    body 1 to body 2: 0.75, at (",
              "deformed by set 101\n    body 1 to body 2: 0.301001748, at (56, 11.983",

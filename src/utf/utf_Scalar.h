@@ -1,0 +1,35 @@
+#ifndef ORV_UTF_UTF_SCALAR_H
+#define ORV_UTF_UTF_SCALAR_H
+
+#include <utf/utf_EngineeringData.h>
+
+#include <type_traits>
+
+/// One number with its kind. Who owns it: see utf_EngineeringData.
+template <class T>
+class utf_Scalar final : public utf_EngineeringData<T> {
+public:
+    /// The first of the list; 0 when it is empty.
+    utf_Scalar(res_DataTypeEnm kind, const cow_List<T>& values, bool engineeringShear = false);
+    utf_Scalar(res_DataTypeEnm kind, const T* value, bool engineeringShear = false);
+    /// Wraps the caller's number.
+    utf_Scalar(res_DataTypeEnm kind, T* value, bool engineeringShear = false);
+    /// A template so that a plain 0 is a number, not a pointer.
+    template <class Number>
+    requires std::is_arithmetic_v<Number> utf_Scalar(res_DataTypeEnm kind, Number value, bool engineeringShear = false)
+        : utf_Scalar(kind, static_cast<const T*>(nullptr), engineeringShear) {
+        *this->Components() = static_cast<T>(value);
+    }
+
+    [[nodiscard]] utf_Scalar* Copy() const override;
+
+    [[nodiscard]] T value() const noexcept { return this->constGet(0); }
+
+private:
+    [[nodiscard]] const char* Name() const noexcept override { return "Scalar"; }
+};
+
+extern template class ORV_EXPORT utf_Scalar<float>;
+extern template class ORV_EXPORT utf_Scalar<double>;
+
+#endif
