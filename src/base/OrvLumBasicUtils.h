@@ -7,7 +7,8 @@
 // adds 1 to the caller's `count`, the last stop takes 1 from it, others only count.
 
 /// First start: registers the classes of stored texts, "cow_String" (0x1A0001, one attribute "STRING") and
-/// "atr_String" (0x1A0007, "TRSTRING"). They have a layout but no C++ type: reading meets them inside other objects.
+/// "atr_String" (0x1A0007, "TRSTRING"). They have a layout but no C++ type: reading meets them inside other
+/// objects. And nex_CommandException (0x1A0002), the base of the command exceptions.
 ORV_EXPORT void OrvLumBasicUtils_initialize(int& count);
 /// Last stop: releases the class registry and empties the type table, also under a module that is still started by
 /// itself; such a module registers again only when it has been stopped and started.

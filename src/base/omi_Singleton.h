@@ -12,8 +12,7 @@
 /// Library and host are to see one T. The header of an exported class says so, before the first use of the singleton
 /// (an attribute on a template that is in use already would be ignored), and its source makes it:
 ///
-///     class gsl_Util;                                             // gsl_Util.h, before the class
-///     extern template class ORV_EXPORT omi_Singleton<gsl_Util>;
+///     extern template class ORV_EXPORT omi_Singleton<gsl_Util>;   // gsl_Util.h
 ///
 ///     template class omi_Singleton<gsl_Util>;                     // gsl_Util.cpp
 ///

@@ -22,7 +22,7 @@ Equation Bisector(const gsl_Point& p, const gsl_Point& q) noexcept {
     const gsl_Vector coefficients = (p - q) * 2.0;
     const double value = SquaredNorm(p) - SquaredNorm(q), length = coefficients.Length();
     if (length < gsl_Util::LinTol()) return {coefficients, value};
-    return {coefficients * (1.0 / length), value / length};
+    return {{coefficients.X() / length, coefficients.Y() / length, coefficients.Z() / length}, value / length};
 }
 
 }  // namespace

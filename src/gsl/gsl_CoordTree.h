@@ -15,13 +15,13 @@ class gsl_CoordTreeImpl;
 /// Looks points up by their coordinates: a k-d tree over one (x), two (x, y) or three coordinates, in which each point
 /// carries an index that its caller chose, usually its position in the caller's array.
 ///
-/// | question                               | operation                                        | order of the answer |
-/// | -------------------------------------- | ------------------------------------------------ | ----------------------
-/// | | is a point here, and which             | `Find`, `FindMany`                               | the first one found
-/// | | which points are near                  | `FindAll`                                        | of discovery | |
-/// which points are near, and how far     | `FindInRadius`                                   | nearest first          |
-/// | which point is nearest, which k are    | `FindClosest`, `FindClosestMany`                 | nearest first | |
-/// which points are in a box              | `FindInBox`                                      | of discovery           |
+/// | question                           | operation                        | order of the answer |
+/// |------------------------------------|----------------------------------|---------------------|
+/// | is a point here, and which         | `Find`, `FindMany`               | the first one found |
+/// | which points are near              | `FindAll`                        | of discovery        |
+/// | which points are near, how far     | `FindInRadius`                   | nearest first       |
+/// | which is nearest, which k are      | `FindClosest`, `FindClosestMany` | nearest first       |
+/// | which points are in a box          | `FindInBox`                      | of discovery        |
 ///
 /// **Distance** is always that in space, |p - q| as `gsl_Point::GetDistance` computes it, also in a tree of one or two
 /// coordinates; these only decide how the tree is built. Tolerances and radii are *strict*: a point exactly that far

@@ -140,7 +140,7 @@ bool gsl_Point::RayIntersect(const gsl_Vector& direction, const gsl_Plane& plane
     if (IsOn(plane)) return true;
     if (direction.IsOrthogonal(normal)) return false;
     const gsl_Vector path = direction * ((plane.Centroid() - *this).DotProduct(normal) / direction.DotProduct(normal));
-    if (!std::isfinite(path.X() + path.Y() + path.Z())) return false;
+    if (!std::isfinite(path.X()) || !std::isfinite(path.Y()) || !std::isfinite(path.Z())) return false;
     out.SetPos(*this + path);
     return true;
 }

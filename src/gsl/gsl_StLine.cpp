@@ -68,9 +68,9 @@ bool gsl_StLine::Intersect(const gsl_StLine& other, gsl_Point& point, double& di
     const double along = between.DotProduct(unit);
     const double otherAlong = between.DotProduct(otherUnit);
     const double cosine = unit.DotProduct(otherUnit);
-    const double scale = 1.0 / (cosine * cosine - 1.0);
-    const gsl_Point closest = _point + unit * ((cosine * otherAlong - along) * scale);
-    const gsl_Point otherClosest = other._point + otherUnit * ((otherAlong - cosine * along) * scale);
+    const double divisor = cosine * cosine - 1.0;
+    const gsl_Point closest = _point + unit * ((cosine * otherAlong - along) / divisor);
+    const gsl_Point otherClosest = other._point + otherUnit * ((otherAlong - cosine * along) / divisor);
     point.SetPos(closest);
     dist = closest.GetDistance(otherClosest);
     return true;
@@ -78,7 +78,7 @@ bool gsl_StLine::Intersect(const gsl_StLine& other, gsl_Point& point, double& di
 
 // ---- Against a plane
 
-bool gsl_StLine::IsParallel(const gsl_Plane& plane) const noexcept { return _dir.IsOrthogonal(plane.Direction()); }
+bool gsl_StLine::IsParallel(const gsl_Plane& plane) const noexcept { return plane.Direction().IsOrthogonal(_dir); }
 
 bool gsl_StLine::IsOn(const gsl_Plane& plane) const noexcept { return IsParallel(plane) && _point.IsOn(plane); }
 

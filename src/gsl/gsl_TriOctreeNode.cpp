@@ -8,10 +8,10 @@ namespace {
 
 /// Throws std::bad_alloc when the memory for all descendants of a node cannot be had. Children are allocated one by
 /// one, which on a system that promises more memory than it has would end the process instead of throwing.
-void RequireMemory(std::size_t childCount, int levelsBelow, std::size_t nodeBytes) {
+void RequireMemory(std::size_t childCount, long long levelsBelow, std::size_t nodeBytes) {
     constexpr std::size_t most = std::numeric_limits<int>::max();
     std::size_t total = 0, inLevel = 1;
-    for (int level = 0; level < levelsBelow; ++level) {
+    for (long long level = 0; level < levelsBelow; ++level) {
         inLevel *= childCount;
         total += inLevel;
         if (total > most) throw std::bad_alloc();
@@ -116,6 +116,7 @@ void gsl_TriOctreeNode::Build(int child, std::unique_ptr<gsl_TriOctreeNode> node
 
 void gsl_TriOctreeNode::AllocateChildren(int maxLevel) {
     const auto count = static_cast<std::size_t>(GetChildCount());
-    if (_parent == nullptr) RequireMemory(count, maxLevel - _level, sizeof(gsl_TriOctreeNode) + sizeof(_children));
+    if (_parent == nullptr)
+        RequireMemory(count, static_cast<long long>(maxLevel) - _level, sizeof(gsl_TriOctreeNode) + sizeof(_children));
     _children = std::make_unique<std::unique_ptr<gsl_TriOctreeNode>[]>(count);
 }

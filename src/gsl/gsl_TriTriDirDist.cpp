@@ -12,6 +12,9 @@
 
 namespace {
 
+/// Of an octree's node.
+constexpr int mostChildren = 14;
+
 /// Makes the nodes of an octree ready for a search; triangles and nodes live as long as this does.
 class Prepared {
 public:
@@ -32,7 +35,7 @@ private:
         gsl_DirSearchNode result = PrepareOwn(node);
         if (levels > 1) {
             std::vector<gsl_DirSearchNode> children;
-            for (int k = 0; k < node.GetChildCount(); ++k) {
+            for (int k = 0; k < std::min(node.GetChildCount(), mostChildren); ++k) {
                 if (node.IsEmpty(k) || node.GetChildAtIndex(k)->GetBBox().Size() < _leastBox) continue;
                 gsl_DirSearchNode child = Prepare(*node.GetChildAtIndex(k), levels - 1);
                 if (child.IsEmpty()) continue;
@@ -75,6 +78,28 @@ private:
     gsl_DirSearchNode _root;
 };
 
+/// The box of what `matrix` makes of points in `box`: each bound is summed as `gsl_Matrix::Transform` sums a point, and
+/// rounding keeps order, so no such point is left outside. `gsl_BBox::Transform` goes by centre and half diagonal and
+/// may lose the last bits, which would prune contacts.
+gsl_BBox Placed(const gsl_BBox& box, const gsl_Matrix& matrix) {
+    if (box.IsEmpty()) return box;
+    double m[4][4];
+    matrix.AsArray(m);
+    gsl_Point low, high;
+    for (unsigned i = 0; i < 3; ++i) {
+        double from = 0.0, to = 0.0;
+        for (unsigned j = 0; j < 3; ++j) {
+            if (m[i][j] == 0.0) continue;  // an infinite side counts for nothing then
+            const double a = m[i][j] * box.Low()[j], b = m[i][j] * box.High()[j];
+            from += std::min(a, b);
+            to += std::max(a, b);
+        }
+        low[i] = from + m[i][3];
+        high[i] = to + m[i][3];
+    }
+    return {low, high};
+}
+
 }  // namespace
 
 gsl_TriTriDirDist::gsl_TriTriDirDist(int levels) : _levels(levels) {
@@ -115,8 +140,7 @@ bool gsl_TriTriDirDist::CheckBBoxes(const gsl_TriOctreeNode& fixed, const gsl_Tr
         std::fprintf(trace, " Fixed bbox node level %d and index %d\n", fixed.GetLevel(), fixed.GetIndex());
         std::fprintf(trace, " Movable bbox node level %d and index %d\n", movable.GetLevel(), movable.GetIndex());
     }
-    gsl_BBox placed = movable.GetBBox();
-    placed.Transform(_matrix);
+    const gsl_BBox placed = Placed(movable.GetBBox(), _matrix);
     double distance = std::numeric_limits<double>::max();
     if (!FindMinDirDistBetBBoxes(fixed.GetBBox(), placed, distance)) {
         if (trace != nullptr) std::fprintf(trace, "  BBox did not intersect\n");
@@ -130,11 +154,12 @@ bool gsl_TriTriDirDist::CheckBBoxes(const gsl_TriOctreeNode& fixed, const gsl_Tr
 
 bool gsl_TriTriDirDist::FindMinDirDistBetBBoxes(const gsl_BBox& fixed, const gsl_BBox& movable,
                                                 double& distance) const {
-    if (fixed.IsEmpty() || movable.IsEmpty() || _direction.Length() < GetLinTol()) return false;
+    const std::optional<gsl_DirFrame> frame = gsl_DirFrame::Along(_direction, gsl_Point());
+    if (fixed.IsEmpty() || movable.IsEmpty() || !frame) return false;
     // The travels t at which the boxes overlap: on every axis t d lies between the ends of fixed minus movable, give or
     // take what a shift of LinTol across the direction does to that axis.
     double least = -std::numeric_limits<double>::infinity(), greatest = -least;
-    const gsl_DirPoint unit{_direction.UnitX(), _direction.UnitY(), _direction.UnitZ()};
+    const gsl_DirPoint& unit = frame->Direction();
     for (unsigned axis = 0; axis < 3; ++axis) {
         const double slack = GetLinTol() * std::sqrt(std::max(1.0 - unit[axis] * unit[axis], 0.0));
         double from = fixed.Low()[axis] - movable.High()[axis] - slack;
@@ -165,8 +190,7 @@ bool gsl_TriTriDirDist::RecursiveFindDirDist(const gsl_DirSearchNode& fixed, con
 
     const bool splitFixed =
         movable.children.empty() || (!fixed.children.empty() && fixed.extent.Size() >= movable.extent.Size());
-    constexpr std::size_t mostChildren = 15;  // fourteen and the own triangles
-    std::array<std::pair<double, const gsl_DirSearchNode*>, mostChildren> pairs;
+    std::array<std::pair<double, const gsl_DirSearchNode*>, mostChildren + 1> pairs;  // and the own triangles
     std::size_t count = 0;
     for (const gsl_DirSearchNode& child : splitFixed ? fixed.children : movable.children) {
         const gsl_DirExtent& target = splitFixed ? child.extent : fixed.extent;

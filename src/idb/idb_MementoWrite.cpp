@@ -204,8 +204,10 @@ void idb_MementoWrite::Flush() {
     } else {
         out.Write(_classId);
         out.Write(_withFields);
-        if (_withFields && _classId != cls_RootClass && (_object != nullptr || hasPending)) out.WritePointer(_object);
-        if (hasPending) _parts->pending.reset();
+        if (_withFields && _classId != cls_RootClass && (_object != nullptr || hasPending)) {
+            out.WritePointer(_object);
+            if (hasPending) _parts->pending.reset();
+        }
     }
     if (_ownTree && !out.Good()) nex_Throw(nex_StreamException(out.Failure()));
 }

@@ -101,8 +101,9 @@ void omu_Arguments::End(const cow_String& command) {
     if (!_unread.empty()) nex_Throw(omu_KeywordErrorException(_unread.front(), name));
     if (_reading.errorArg != 0 && !_hasErrorKeyword)
         nex_Throw(omu_ArgTypeErrorException(_reading.errorArg, _reading.typeExpected, _reading.typeFound, name));
-    // A missing keyword leaves both types undetermined and shows in the counts.
-    const bool isMissing = _reading.typeFound == Undetermined() && _reading.typeExpected == Undetermined();
+    // A missing keyword leaves both types undetermined and shows in the counts. Either one passes for that, so a
+    // constant that is named so and is of the wrong type is not told of.
+    const bool isMissing = _reading.typeFound == Undetermined() || _reading.typeExpected == Undetermined();
     if (_hasErrorKeyword && !isMissing)
         nex_Throw(omu_KeywordTypeErrorException(cow_String(std::string_view(_errorKeyword)), _reading.typeExpected,
                                                 _reading.typeFound, name));

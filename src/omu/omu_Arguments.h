@@ -69,8 +69,10 @@ public:
     }
 
     /// Withdraws the last read when it failed, or when its optional keyword was missing, so that the same argument can
-    /// be read as another type or by another keyword. Whether it did. To be called right after that read: keywords that
-    /// were read since a positional one failed stay read.
+    /// be read as another type or by another keyword. Whether it did. *An earlier positional read that failed is
+    /// withdrawn as well* when only keyword reads came after it and no more reads were made than there are positional
+    /// arguments; those keywords stay read, and the next read takes that earlier argument. So ask `ErrorOnPrevious`
+    /// first.
     bool Alternative() override;
 
     /// Whether a keyword was not read yet, an error is recorded, or there are too few or too many arguments.

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <iterator>
 
 namespace {
 
@@ -16,6 +17,10 @@ template <class T>
 void Reorder(utf_ComponentOrderEnm from, utf_ComponentOrderEnm to, std::span<const T> in, std::span<T> out) {
     if (in.size() != out.size() || in.size() % 6 != 0)
         nex_Throw(nex_PrimException("Input and output are not equally many tensors of six components"));
+    const auto isKnown = [](utf_ComponentOrderEnm order) {
+        return static_cast<std::size_t>(order) < std::size(kPlaces);
+    };
+    if (!isKnown(from) || !isKnown(to)) nex_Throw(nex_PrimException("No such order of components"));
     const Places source = kPlaces[static_cast<std::size_t>(from)];
     const Places target = kPlaces[static_cast<std::size_t>(to)];
     for (std::size_t first = 0; first < in.size(); first += 6) {

@@ -15,7 +15,8 @@ enum class utf_ComponentOrderEnm {
 
 /// Tensors of six components, packed one after another, from one order into another. In place when `out` is `in`; a
 /// partial overlap is not allowed. Only moves numbers: shears stay tensor or engineering shears as they were. Throws
-/// nex_PrimException, before anything is written, when the sizes differ or are no multiple of six.
+/// nex_PrimException, before anything is written, when the sizes differ or are no multiple of six, and for an
+/// order that is not listed.
 ORV_EXPORT void utf_Reorder(utf_ComponentOrderEnm from, utf_ComponentOrderEnm to, std::span<const double> in,
                             std::span<double> out);
 ORV_EXPORT void utf_Reorder(utf_ComponentOrderEnm from, utf_ComponentOrderEnm to, std::span<const float> in,

@@ -103,13 +103,14 @@ void Solve(const double* s, bool engineeringShears, int32_t ndi, int32_t nshr, d
                                           nshr > 1 ? factor * shears[1] : 0.0, nshr > 2 ? factor * shears[2] : 0.0);
     const double direct = utf_LargestDirect(t), shear = utf_LargestShear(t);
     // So great that scaling would overflow counts as infinite; the squares in the values overflow long before.
-    const bool finite =
-        std::abs(t.d1) + std::abs(t.d2) + std::abs(t.d3) + std::abs(t.s12) + std::abs(t.s13) + std::abs(t.s23) < 1e300;
+    const double sum =
+        std::abs(t.d1) + std::abs(t.d2) + std::abs(t.d3) + std::abs(t.s12) + std::abs(t.s13) + std::abs(t.s23);
+    const bool finite = sum < 1e300;
     const double scale = 1.0 / std::max(std::max(direct, shear), 1e-300);
     std::fill_n(columns, 9, 0.0);
     columns[0] = columns[4] = columns[8] = 1.0;
 
-    if (finite && (shear == 0.0 || shear < 2.22e-12 * direct)) {
+    if (std::isfinite(sum) && (shear == 0.0 || shear < 2.22e-12 * direct)) {
         p[0] = t11;
         p[1] = t22;
         p[2] = t33;

@@ -241,6 +241,7 @@ TEST(gsl_DirDist, LevelsSmallBoxesAndMissingThings) {
         return result;
     };
     const gsl_TriOctreeNode *f = fixedTree.GetRoot(), *m = movableTree.GetRoot();
+    EXPECT_TRUE(found(4, f, m, -1e200)) << "directions are of any length";
     EXPECT_TRUE(found(4, f, m) && found(3, f->GetChildAtIndex(7), m->GetChildAtIndex(7)));  // counted from those given
     for (const int levels : {3, 1, 0, -5}) EXPECT_FALSE(found(levels, f, m));
     for (const double z : {1.0, 0.0, kNaN}) EXPECT_FALSE(found(4, f, m, z));
@@ -255,6 +256,19 @@ TEST(gsl_DirDist, LevelsSmallBoxesAndMissingThings) {
     movable = Triangles(std::vector<gsl_Triangle>(100000, over));
     fixed.Append(gsl_Triangle({kNaN, 0, 0}, {kInfinity, 0, 0}, {}));
     EXPECT_EQ(gsl_FindDirectionalContact(fixed, movable, down).value().distance, Distance(down, slanted, over));
+}
+
+TEST(gsl_DirDist, ABoxOfAnySizeBoundsWhatIsInIt) {
+    const gsl_Triangle near({0, 0, 0.1}, {1, 0, 0.1}, {0, 1, 0.1}), far({0, 0, -1e6}, {1, 0, -1e6}, {0, 1, -1e6});
+    gsl_TriTriDirDist search(1);
+    gsl_TriOctree fixed(gsl_BBox({0, 0, 1}, {2, 2, 1}), "", {}, 1),
+        movable(gsl_BBox({0, 0, -1e6}, {1, 1, 0.1}), "", {}, 1);
+    ASSERT_TRUE(fixed.GetRoot()->Add({0, 0, 1}, {2, 0, 1}, {0, 2, 1}, 0));
+    ASSERT_TRUE(movable.GetRoot()->Add({0, 0, 0.1}, {1, 0, 0.1}, {0, 1, 0.1}, 0));
+    search.SetTriangles({gsl_Triangle({0, 0, 1}, {2, 0, 1}, {0, 2, 1})}, {near, far});
+    double distance = 0.90000000001;
+    EXPECT_TRUE(search.FindDirectionalDistance(fixed.GetRoot(), movable.GetRoot(), distance));
+    EXPECT_EQ(distance, 0.9);
 }
 
 TEST(gsl_DirDist, Trace) {

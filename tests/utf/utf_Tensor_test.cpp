@@ -177,6 +177,15 @@ TEST(utf_Tensor, EachKindHasItsRules) {
     EXPECT_EQ(out.str(), "  Tensor: 4 4 9 \n");
 }
 
+TEST(utf_Tensor, NaNShowsWhereverItIs) {
+    for (std::size_t place = 0; place < 6; ++place) {
+        double components[6] = {1.0, 2.0, 3.0}, p[3] = {};
+        components[place] = kNaN;
+        utf_Tensor<double>(res_TENSOR_3D_FULL, std::as_const(components)).principleValues(p);
+        EXPECT_TRUE(std::isnan(p[0]) && std::isnan(p[1]) && std::isnan(p[2])) << place;
+    }
+}
+
 TEST(utf_Tensor, RefusalsComeBeforeAnyChange) {
     double t[] = {1, 2, 3, 4, 5, 6};
     const std::vector<double> before(t, t + 6);

@@ -79,7 +79,9 @@ inline void utf_SortDescending(std::array<double, 3>& p) noexcept {
 /// All six components at work, shears as tensor shears; descending. The direct components themselves when the largest
 /// shear is below 2.2204460492503132e-20 times the largest direct deviator (strict).
 [[nodiscard]] inline std::array<double, 3> utf_FullPrincipalValues(const utf_Deviator& t) noexcept {
-    const bool diagonal = utf_LargestDirect(t) * 2.2204460492503132e-20 > utf_LargestShear(t);
+    // Each shear on its own: the largest one would hide a NaN.
+    const double limit = utf_LargestDirect(t) * 2.2204460492503132e-20;
+    const bool diagonal = limit > std::abs(t.s12) && limit > std::abs(t.s13) && limit > std::abs(t.s23);
     std::array<double, 3> p =
         diagonal ? std::array{t.mean + t.d1, t.mean + t.d2, t.mean + t.d3} : utf_PrincipalRoots(t);
     utf_SortDescending(p);
