@@ -125,9 +125,9 @@ void Counts(benchmark::internal::Benchmark* bench) {
 }
 
 void CountsAndDepths(benchmark::internal::Benchmark* bench) {
-    constexpr int depths[] = {3, 5, 6};  // what the convenience chooses
+    constexpr std::int64_t countsAndDepths[][2] = {{2000, 3}, {20000, 5}, {200000, 6}};  // as the convenience chooses
     for (const Shape shape : {Spheres, Bumps, Nested})
-        for (int k = 0; k < 3; ++k) bench->Args({2000 * static_cast<int>(std::pow(10, k)), shape, depths[k]});
+        for (const auto& [count, depth] : countsAndDepths) bench->Args({count, shape, depth});
     bench->Unit(benchmark::kMillisecond);
 }
 

@@ -56,7 +56,8 @@ void Eigens(benchmark::State& state) {
 /// The order known to the compiler: what ours cannot be told.
 template <int N>
 void EigensFixed(benchmark::State& state) {
-    const std::vector<double> numbers = Numbers(N * N), rightSide = Numbers(N);
+    constexpr std::size_t n = N;
+    const std::vector<double> numbers = Numbers(n * n), rightSide = Numbers(n);
     using Matrix = Eigen::Matrix<double, N, N>;
     using Vector = Eigen::Matrix<double, N, 1>;
     const Matrix matrix = Eigen::Map<const Matrix>(numbers.data()).transpose();

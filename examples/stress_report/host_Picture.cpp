@@ -1,7 +1,10 @@
 #include "host_Picture.h"
 
 #include "frd_Skin.h"
+#include "host_Annotations.h"
 
+#include <annC/annC_AnnotationClient.h>
+#include <annC/annC_Draw.h>
 #include <g3d/g3d_Camera.h>
 #include <g3d/g3d_Color.h>
 #include <g3d/g3d_ContourScale.h>
@@ -12,40 +15,18 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
+#include <cstdlib>
 #include <functional>
-#include <limits>
 #include <memory>
+#include <numbers>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace {
-
-/// The length of the displacement at each node; NaN where there is none.
-std::vector<double> Magnitudes(const frd_Model& model, const frd_Result* displacements) {
-    std::vector<double> lengths(model.nodes.size(), std::numeric_limits<double>::quiet_NaN());
-    for (std::size_t row = 0; displacements != nullptr && row < displacements->nodes.size(); ++row)
-        lengths[displacements->nodes[row]] =
-            std::hypot(displacements->Value(row, 0), displacements->Value(row, 1), displacements->Value(row, 2));
-    return lengths;
-}
-
-/// Twelve bands over the lengths that are numbers.
-g3d_ContourScale Legend(const std::vector<double>& lengths) {
-    double low = std::numeric_limits<double>::infinity();
-    double high = -low;
-    for (const double length : lengths) {
-        if (!std::isfinite(length)) continue;
-        low = std::min(low, length);
-        high = std::max(high, length);
-    }
-    constexpr int bandCount = 12;
-    g3d_ContourScale legend(low, high, bandCount);
-    legend.SetNaNColor(g3d_Color(g3d_Grey60));
-    return legend;
-}
 
 using Pixel = std::array<double, 3>;  // x, y, depth
 
@@ -80,7 +61,8 @@ std::vector<Drawn> FacesFromFarToNear(const frd_Model& model, const std::vector<
     return faces;
 }
 
-class Canvas {
+/// A picture under way, in pixels to the right and down.
+class Canvas : public annC_AnnotationClient {
 public:
     Canvas(int width, int height)
         : _surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
@@ -105,11 +87,57 @@ public:
         cairo_stroke(_context.get());
     }
 
-    void Write(double x, double y, const std::string& text) {
-        SetColor(g3d_Color(g3d_Black));
-        cairo_move_to(_context.get(), x, y);
-        cairo_show_text(_context.get(), text.c_str());
+    void Draw(const annC_DrawSegment& segment) {
+        cairo_t* const context = _context.get();
+        cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+        cairo_set_line_width(context, segment.width);
+        cairo_set_dash(context, segment.dashes.data(), static_cast<int>(segment.dashes.size()), 0.0);
+        cairo_move_to(context, segment.from.x, segment.from.y);
+        cairo_line_to(context, segment.to.x, segment.to.y);
+        SetColor(segment.color);
+        cairo_stroke(context);
+        cairo_set_dash(context, nullptr, 0, 0.0);
     }
+
+    void Draw(const annC_DrawPolygon& polygon) {
+        cairo_t* const context = _context.get();
+        for (const annC_DrawPoint& corner : polygon.corners) cairo_line_to(context, corner.x, corner.y);
+        cairo_close_path(context);
+        if (polygon.fill) {
+            SetColor(*polygon.fill);
+            cairo_fill_preserve(context);
+        }
+        if (polygon.outline) {
+            SetColor(*polygon.outline);
+            cairo_set_line_width(context, polygon.width);
+            cairo_stroke_preserve(context);
+        }
+        cairo_new_path(context);
+    }
+
+    void Draw(const annC_DrawText& text) {
+        cairo_t* const context = _context.get();
+        SelectFont(text.font);
+        SetColor(text.color);
+        cairo_save(context);
+        cairo_translate(context, text.baseline.x, text.baseline.y);
+        cairo_rotate(context, -text.angleDegrees * std::numbers::pi / 180.0);
+        cairo_move_to(context, 0.0, 0.0);
+        cairo_show_text(context, text.text.c_str());
+        cairo_restore(context);
+    }
+
+    // ---- What drawing annotations asks
+
+    [[nodiscard]] double GetWidth(const cow_String& line, const cow_String& font) const override {
+        SelectFont(font);
+        cairo_text_extents_t extents;
+        cairo_text_extents(_context.get(), line.c_str(), &extents);
+        return extents.x_advance;
+    }
+    [[nodiscard]] double GetAscent(const cow_String& font) const override { return ExtentsOf(font).ascent; }
+    [[nodiscard]] double GetDescent(const cow_String& font) const override { return ExtentsOf(font).descent; }
+    [[nodiscard]] g3d_Color GetBackgroundColor() const override { return g3d_Color(g3d_White); }
 
     [[nodiscard]] std::string Png() {
         std::string bytes;
@@ -124,6 +152,30 @@ public:
     }
 
 private:
+    /// Of an X logical font description, which has the size in tenths of a point in its eighth field, what cairo has
+    /// without looking for fonts: a sans serif face of that size, 12 points if there is none.
+    void SelectFont(const cow_String& font) const {
+        std::istringstream fields(font.c_str());
+        std::string field, weight;
+        double points = 0.0;
+        for (int i = 0; std::getline(fields, field, '-'); ++i) {
+            if (i == 3) weight = field;
+            if (i == 8) points = std::strtod(field.c_str(), nullptr) / 10.0;
+        }
+        if (!(points >= 1.0 && points <= 1000.0)) points = 12.0;
+        cairo_select_font_face(_context.get(), "sans-serif", CAIRO_FONT_SLANT_NORMAL,
+                               weight == "bold" ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+        constexpr double pixelsPerPoint = 96.0 / 72.0;
+        cairo_set_font_size(_context.get(), points * pixelsPerPoint);
+    }
+
+    [[nodiscard]] cairo_font_extents_t ExtentsOf(const cow_String& font) const {
+        SelectFont(font);
+        cairo_font_extents_t extents;
+        cairo_font_extents(_context.get(), &extents);
+        return extents;
+    }
+
     struct Destroy {
         void operator()(cairo_surface_t* surface) const noexcept { cairo_surface_destroy(surface); }
         void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
@@ -132,22 +184,16 @@ private:
     std::unique_ptr<cairo_t, Destroy> _context;
 };
 
-/// One box a band in the lower left, the greatest on top, with the limits beside them.
+/// One box a band in the lower left, the greatest on top.
 void DrawLegend(Canvas& canvas, const g3d_ContourScale& legend, int height) {
-    constexpr double left = 12.0, boxWidth = 18.0, boxHeight = 14.0;
-    const double bottom = height - 16.0;
-    const auto number = [](double value) {
-        std::array<char, 32> text{};
-        std::snprintf(text.data(), text.size(), "%.4g", value);
-        return std::string(text.data());
-    };
+    using Place = host_LegendPlace;
+    const double scale = canvas.GetPixelsPerMillimeter();
+    const double left = Place::left * scale, right = left + Place::boxWidth * scale;
     for (int band = 0; band < legend.BandCount(); ++band) {
-        const double low = bottom - band * boxHeight, high = low - boxHeight;
-        canvas.Fill({{left, low}, {left + boxWidth, low}, {left + boxWidth, high}, {left, high}},
-                    legend.BandColor(band));
+        const double low = height - (Place::bottom + band * Place::boxHeight) * scale;
+        const double high = low - Place::boxHeight * scale;
+        canvas.Fill({{left, low}, {right, low}, {right, high}, {left, high}}, legend.BandColor(band));
     }
-    for (int limit = 0; limit <= legend.BandCount(); ++limit)
-        canvas.Write(left + boxWidth + 6.0, bottom - limit * boxHeight + 4.0, number(legend.Limit(limit)));
 }
 
 }  // namespace
@@ -165,13 +211,18 @@ g3d_Camera host_FittedCamera(const frd_Model& model, int width, int height) {
     return camera;
 }
 
-std::string host_Picture(const frd_Model& model, const frd_Result* displacements, const g3d_Camera& camera, int width,
-                         int height) {
-    const std::vector<double> lengths = Magnitudes(model, displacements);
-    const g3d_ContourScale legend = Legend(lengths);
+std::string host_Picture(const frd_Model& model, const std::vector<double>& valueOfNode, const g3d_ContourScale& legend,
+                         const annC_AnnotationContainer& annotations, const g3d_Camera& camera, int width, int height) {
     Canvas canvas(width, height);
-    for (const Drawn& face : FacesFromFarToNear(model, lengths, camera, g3d_Viewport(0.0, 0.0, width, height)))
+    const g3d_Viewport viewport(0.0, 0.0, width, height);
+    for (const Drawn& face : FacesFromFarToNear(model, valueOfNode, camera, viewport))
         canvas.Fill(face.outline, legend.Color(face.value));
-    if (displacements != nullptr) DrawLegend(canvas, legend, height);
+    if (!std::ranges::all_of(valueOfNode, [](double value) { return std::isnan(value); }))
+        DrawLegend(canvas, legend, height);
+    for (const auto& [name, annotation] : annotations) {
+        const annC_DrawList list = annC_Draw(*annotation, camera, viewport, canvas);
+        for (const annC_DrawList::Item& item : list.Items())
+            std::visit([&canvas](const auto& drawn) { canvas.Draw(drawn); }, item);
+    }
     return canvas.Png();
 }

@@ -6,6 +6,7 @@
 #include "../support/host_ReadFile.h"
 #include "../support/host_Session.h"
 #include "frd_Reader.h"
+#include "host_Annotations.h"
 #include "host_Bodies.h"
 #include "host_Picture.h"
 #include "host_WriteFile.h"
@@ -28,6 +29,9 @@
 #include <idb/idb_WriteObject.h>
 #include <utf/utf_ComponentOrder.h>
 #include <utf/utf_TensorBatch.h>
+#include <wip/wip_ConsoleReporter.h>
+#include <wip/wip_ProgressObj.h>
+#include <wip/wip_ScopedReporter.h>
 
 #include <algorithm>
 #include <charconv>
@@ -60,6 +64,7 @@ struct Options {
 /// What of the model is kept in the stream.
 struct Kept {
     gsl_PersistentMatrix matrix;
+    annC_AnnotationContainer annotations;
     std::vector<gsl_Point> points;
 };
 
@@ -216,6 +221,14 @@ void PrintGaps(const std::vector<host_Body>& bodies, const std::vector<gsl_Point
     }
 }
 
+std::vector<gsl_Point> Deformed(std::vector<gsl_Point> points, const frd_Result& displacements) {
+    for (std::size_t row = 0; row < displacements.nodes.size(); ++row) {
+        gsl_Point& point = points[displacements.nodes[row]];
+        point.SetPos(point + DisplacementAt(displacements, row));
+    }
+    return points;
+}
+
 void PrintBodies(const frd_Model& model, const std::vector<gsl_Point>& points) {
     const cow_List<unsigned> kept = gsl_MergeCoincidentPoints(points, gsl_Util::LinTol());
     std::size_t merged = 0;
@@ -230,13 +243,15 @@ void PrintBodies(const frd_Model& model, const std::vector<gsl_Point>& points) {
 
     std::cout << "  gap along (0, 0, -1), undeformed\n";
     PrintGaps(bodies, points);
+    wip_ProgressObj progress;  // within the step that calls, whatever that is
+    const auto part = 1.0F / static_cast<float>(std::max<std::size_t>(model.results.size(), 1));
     for (const frd_Result& result : model.results) {
-        if (!IsDisplacement(result)) continue;
-        std::vector<gsl_Point> deformed = points;
-        for (std::size_t row = 0; row < result.nodes.size(); ++row)
-            deformed[result.nodes[row]] = points[result.nodes[row]] + DisplacementAt(result, row);
-        std::cout << "  gap along (0, 0, -1), deformed by set " << result.set << '\n';
-        PrintGaps(bodies, deformed);
+        progress.Push(part);
+        if (IsDisplacement(result)) {
+            std::cout << "  gap along (0, 0, -1), deformed by set " << result.set << '\n';
+            PrintGaps(bodies, Deformed(points, result));
+        }
+        progress.Pop(1);
     }
 }
 
@@ -246,20 +261,26 @@ const frd_Result* LastDisplacements(const frd_Model& model) {
     return last != model.results.rend() ? &*last : nullptr;
 }
 
-/// Prints the matrices of the camera that shows the model, and writes the picture when one is wanted.
-void View(const frd_Model& model, const std::filesystem::path& picture) {
+/// Prints the matrices of the camera that shows the model, and writes the picture when one is wanted. The annotations
+/// of the picture, which are to be kept.
+annC_AnnotationContainer View(const frd_Model& model, const std::filesystem::path& picture) {
     constexpr int width = 960, height = 720;
+    const frd_Result* const displacements = LastDisplacements(model);
+    const std::vector<double> lengths = host_DisplacementLengths(model, displacements);
+    const g3d_ContourScale legend = host_Legend(lengths);
+    annC_AnnotationContainer annotations = host_Annotations(model, displacements, lengths, legend);
     const g3d_Camera camera = host_FittedCamera(model, width, height);
     std::cout << "\nA camera from (1, 1, 1), fitted\n  view orientation\n"
               << camera.GetVOM() << "  projection\n"
               << camera.GetPM();
-    if (picture.empty()) return;
+    if (picture.empty()) return annotations;
     try {
-        host_WriteFile(picture, host_Picture(model, LastDisplacements(model), camera, width, height));
+        host_WriteFile(picture, host_Picture(model, lengths, legend, annotations, camera, width, height));
     } catch (const std::runtime_error& failure) {
         throw std::runtime_error("picture " + picture.string() + ": " + failure.what());
     }
     std::cout << "  drawn to  " << picture.string() << '\n';
+    return annotations;
 }
 
 /// Turns a copy of the points; the rest of the report shows that the turned model can be had again from the stream.
@@ -271,13 +292,16 @@ std::vector<gsl_Point> Transformed(std::vector<gsl_Point> points, const gsl_Matr
 std::string Stored(const Kept& kept, const cls_ClassRegistrar& registrar) {
     bio_Ofilter out;
     idb_WriteObject(out, registrar, kept.matrix);
+    idb_WriteObject(out, registrar, kept.annotations);
     for (const gsl_Point& point : kept.points) idb_WriteObject(out, registrar, point);
     return out.Bytes();
 }
 
 Kept Restored(std::string bytes, const cls_ClassRegistrar& registrar) {
     bio_Ifilter in(std::move(bytes));
-    Kept kept{idb_ReadObject<gsl_PersistentMatrix>(in, registrar), {}};
+    Kept kept{idb_ReadObject<gsl_PersistentMatrix>(in, registrar),
+              idb_ReadObject<annC_AnnotationContainer>(in, registrar),
+              {}};
     while (in.Remaining() > 0) kept.points.push_back(idb_ReadObject<gsl_Point>(in, registrar));
     return kept;
 }
@@ -302,16 +326,20 @@ bool KeepAndCompare(const Kept& kept, const std::filesystem::path& path, const s
     const std::string bytes = host_ReadFile(path);
     const Kept back = Restored(bytes, registrar);
     const bool same = Identical(back.matrix, kept.matrix) && Identical(back.points, kept.points) &&
-                      Identical(Transformed(back.points, back.matrix), turned);
-    std::cout << "\nStream " << path.string() << ": " << bytes.size() << " bytes, 1 matrix and " << back.points.size()
-              << " points\n  read back " << (same ? "identical" : "DIFFERENT") << "; its first records:\n\n";
+                      back.annotations == kept.annotations && Identical(Transformed(back.points, back.matrix), turned);
+    std::cout << "\nStream " << path.string() << ": " << bytes.size() << " bytes, 1 matrix, "
+              << back.annotations.Length() << " annotations and " << back.points.size() << " points\n  read back "
+              << (same ? "identical" : "DIFFERENT") << "; its first records:\n\n";
     bio_Ifilter in(bytes);
     constexpr int shownRecords = 3;
     idb_Dump(std::cout, in, registrar, shownRecords);
     return same;
 }
 
+/// One after the other the steps of the report, each a part of the whole progress.
 bool Report(const frd_Model& model, const Options& options) {
+    wip_ProgressObj progress("Stress report");
+    progress.Push(0.2F, "Displacements and stresses");
     std::cout << std::setprecision(9) << "Model " << options.results.string() << '\n';
     PrintCounts(model);
     const std::vector<gsl_Point> points = PointsOf(model);
@@ -320,6 +348,8 @@ bool Report(const frd_Model& model, const Options& options) {
     PrintDisplacements(model, points);
     std::cout << "\nStresses, extremes\n";
     PrintStresses(model, points);
+    progress.Pop(1);
+    progress.Push(0.4F, "Bodies and gaps");
     std::cout << "\nBodies\n";
     PrintBodies(model, points);
     if (!options.probes.empty()) std::cout << "\nProbes\n";
@@ -333,8 +363,12 @@ bool Report(const frd_Model& model, const Options& options) {
     std::cout << "\nTurned by " << angleDegrees << " degrees about the vertical through the centre\n";
     PrintExtents(turned);
 
-    View(model, options.picture);
-    return KeepAndCompare({turn, points}, options.stream, turned);
+    progress.Pop(1);
+    progress.Push(0.2F, "View");
+    const annC_AnnotationContainer annotations = View(model, options.picture);
+    progress.Pop(1);
+    progress.Push(0.2F, "Stream");
+    return KeepAndCompare({turn, annotations, points}, options.stream, turned);
 }
 
 /// Three numbers, and nothing else.
@@ -385,6 +419,8 @@ int main(int argc, char** argv) {
     }
     try {
         const host_Session session;
+        wip_ConsoleReporter console;
+        const wip_ScopedReporter attached(console);
         std::cout << "Library started: " << session.Started() << " parts\n\n";
         std::error_code ignored;
         for (const auto& written : {options.stream, options.picture})

@@ -8,7 +8,7 @@
 [[nodiscard]] ORV_EXPORT typ_ArchCompEntry mdl_ArchEntry();
 
 /// Start-up and shutdown of model attributes, by the counted pattern of orv_StartUpCounter.
-/// First start: enters the type table.
+/// First start: enters the type table and registers the persistent classes.
 ORV_EXPORT void OrvLumMdl_initialize(int& count);
 ORV_EXPORT void OrvLumMdl_finalize(int& count);
 

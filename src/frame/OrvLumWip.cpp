@@ -1,5 +1,8 @@
+#include <base/omi_Singleton.h>
 #include <base/orv_StartUpCounter.h>
 #include <frame/OrvLumWip.h>
+#include <wip/wip_Progress.h>
+#include <wip/wip_WIP.h>
 
 namespace {
 
@@ -8,4 +11,9 @@ orv_StartUpCounter counter;
 }  // namespace
 
 void OrvLumWip_initialize(int& count) { counter.Start(count); }
-void OrvLumWip_finalize(int& count) { counter.Stop(count); }
+
+void OrvLumWip_finalize(int& count) {
+    if (!counter.Stop(count)) return;
+    wip_WIP::Finalize();
+    omi_Singleton<wip_Progress>::Finalize();
+}

@@ -112,7 +112,7 @@ TEST_F(StressReport, TellsTheKnownAnswersOfTheBracket) {
              "undeformed\n    body 1 to body 2: 0.75, at (",
              "deformed by set 101\n    body 1 to body 2: 0.301001748, at (56, 11.983",
              "A camera from (1, 1, 1), fitted\n  view orientation\n(-0.707106",
-             "1 matrix and 1803 points\n  read back identical",
+             "1 matrix, 16 annotations and 1803 points\n  read back identical",
          })
         EXPECT_THAT(child.out, HasSubstr(answer));
     EXPECT_FALSE(fs::exists(stream.string() + ".part"));

@@ -78,11 +78,22 @@ const std::array<Part, 14> parts{{
 }};
 constexpr std::size_t basicUtils = 0;
 constexpr std::size_t observed = 12;  // the first ones; the last two are not called from another source file
-constexpr std::size_t g3d = 6, omu = 7, gsl = 9, specific = 12, library = 13;
+constexpr std::size_t g3d = 6, omu = 7, mdl = 8, gsl = 9, ann = 10, specific = 12, library = 13;
 
 /// In the order of registration: name, identifier, flags, number.
 const std::vector<cls_ClassRecord> viewingClasses{
     {"g3d_Point", 0x240001, 4, 203}, {"g3d_Vector", 0x240002, 4, 203}, {"g3d_ColorErrorException", 6, 2, 1}};
+const std::vector<cls_ClassRecord> modelClasses{{"mdl_PropAttr<double>", 0xA000F, 7, 203},
+                                                {"mdl_PropAttr<bool>", 0xA0010, 7, 203},
+                                                {"mdl_PropAttr<int>", 0xA0013, 7, 203},
+                                                {"mdl_PropAttr<cow_List<float>>", 0xA0014, 7, 203},
+                                                {"mdl_PropAttr<cow_List<cow_String>>", 0xA0015, 7, 203},
+                                                {"mdl_PropAttr<cow_List<int>>", 0xA0016, 7, 203}};
+const std::vector<cls_ClassRecord> annotationClasses{
+    {"annC_Anchor", 0x3500001, 7, 203},         {"annC_NamedAnchor", 0x3500002, 7, 203},
+    {"annC_ViewportAnchor", 0x3500003, 7, 203}, {"annC_Point3DAnchor", 0x3500004, 7, 203},
+    {"annC_Annotation", 0x3500005, 7, 203},     {"annC_Arrow", 0x3500006, 7, 203},
+    {"annC_Text", 0x3500007, 7, 203},           {"annC_AnnotationContainer", 0x3500008, 1, 203}};
 const std::vector<cls_ClassRecord> scriptingClasses{
     {"omu_TypeErrorException", 0x130001, 2, 203},
     {"omu_KeywordTypeErrorException", 0x130002, 2, 203},
@@ -120,6 +131,13 @@ const std::vector<cls_ClassRecord> geometryClasses{
     {"gsl_Dot", 0x30A0005, 7, 203},        {"gsl_DotArray", 0x30A000E, 3, 800},     {"gsl_Matrix", 0x30A0002, 7, 203},
 };
 
+/// In the order in which the modules start.
+const std::pair<std::size_t, const std::vector<cls_ClassRecord>&> classesOfModules[] = {{g3d, viewingClasses},
+                                                                                        {omu, scriptingClasses},
+                                                                                        {mdl, modelClasses},
+                                                                                        {gsl, geometryClasses},
+                                                                                        {ann, annotationClasses}};
+
 /// What the library must do, told in another way: signed counters, names instead of registries.
 struct Model {
     int count = 0;
@@ -137,12 +155,9 @@ struct Model {
             for (std::size_t each = 0; each <= specific; ++each) Initialize(each);
         if (part == basicUtils) Register("cow_String"), Register("atr_String"), Register("nex_CommandException");
         if (parts[part].component != 0) tables.insert(parts[part].component);
-        if (part == g3d)
-            for (const cls_ClassRecord& each : viewingClasses) Register(each.name.str());
-        if (part == omu)
-            for (const cls_ClassRecord& each : scriptingClasses) Register(each.name.str());
-        if (part == gsl)
-            for (const cls_ClassRecord& each : geometryClasses) Register(each.name.str());
+        for (const auto& [module, registered] : classesOfModules)
+            if (part == module)
+                for (const cls_ClassRecord& each : registered) Register(each.name.str());
     }
 
     void Finalize(std::size_t part) {
@@ -216,9 +231,8 @@ TEST_F(StartUp, FirstStartAndLastStopWorkWhateverIsNestedBetween) {
         EXPECT_EQ(count, 14);
         const auto classes = cls_MetadataRegistrar::Instance().Classes();
         std::vector<cls_ClassRecord> expected{classes[0], classes[1], classes[2]};  // of the base library
-        expected.insert(expected.end(), viewingClasses.begin(), viewingClasses.end());
-        expected.insert(expected.end(), scriptingClasses.begin(), scriptingClasses.end());
-        expected.insert(expected.end(), geometryClasses.begin(), geometryClasses.end());
+        for (const auto& [module, registered] : classesOfModules)
+            expected.insert(expected.end(), registered.begin(), registered.end());
         EXPECT_EQ(std::vector<cls_ClassRecord>(classes.begin(), classes.end()), expected);
 
         Initialize(library);
@@ -256,16 +270,16 @@ TEST_F(StartUp, CallersCountMayGoBelowZeroAndBeyondItsRange) {
 
 TEST_F(StartUp, LoaderEntryStartsAndStopsWithACountOfItsOwn) {
     constexpr unsigned long detach = 0;
+    std::size_t all = 3;  // of the base library
+    for (const auto& [module, registered] : classesOfModules) all += registered.size();
     for (const unsigned long attachThreadsAndUnknown : {1UL, 2UL, 3UL, 4UL, ~0UL}) {
         EXPECT_EQ(DllMain(nullptr, attachThreadsAndUnknown, nullptr), 1);
-        EXPECT_EQ(RegisteredNames().size(),
-                  3 + viewingClasses.size() + scriptingClasses.size() + geometryClasses.size())
-            << attachThreadsAndUnknown;
+        EXPECT_EQ(RegisteredNames().size(), all) << attachThreadsAndUnknown;
     }
     OrvLumGeom_initialize(count);
     OrvLumGeom_finalize(count);
     EXPECT_EQ(count, 0);
-    EXPECT_EQ(RegisteredNames().size(), 3 + viewingClasses.size() + scriptingClasses.size() + geometryClasses.size());
+    EXPECT_EQ(RegisteredNames().size(), all);
     calls.clear();
     EXPECT_EQ(DllMain(nullptr, detach, nullptr), 1);
     EXPECT_EQ(calls.size(), observed);

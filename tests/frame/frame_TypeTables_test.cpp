@@ -21,7 +21,7 @@ private:
 TEST_F(TypeTables, EveryTableIsWellFormed) {
     const std::tuple<unsigned, std::string, typ_ArchCompEntry, int, std::size_t> components[] = {
         {848, "annC_", annC_ArchEntry(), 9, 8}, {36, "g3d_", g3d_ArchEntry(), 3, 2},
-        {10, "mdl_", mdl_ArchEntry(), 20, 3},   {778, "gsl_", gsl_ArchEntry(), 15, 14},
+        {10, "mdl_", mdl_ArchEntry(), 23, 6},   {778, "gsl_", gsl_ArchEntry(), 15, 14},
         {19, "omu_", omu_ArchEntry(), 50, 30},
     };
     for (const auto& [code, prefix, entry, count, named] : components) {

@@ -71,10 +71,9 @@ template <utf_TensorLayout Layout, class T>
 
 template <utf_TensorLayout Layout, class T>
 inline void utf_Store(const utf_SixComponents& six, double shearFactor, T* t) noexcept {
-    constexpr int Direct = utf_DirectCount(Layout);
-    for (int i = 0; i < Direct; ++i) t[i] = static_cast<T>(six[static_cast<std::size_t>(i)]);
-    for (int i = 0; i < utf_ShearCount(Layout); ++i)
-        t[Direct + i] = static_cast<T>(six[static_cast<std::size_t>(3 + i)] * shearFactor);
+    constexpr std::size_t Direct = utf_DirectCount(Layout), Shear = utf_ShearCount(Layout);
+    for (std::size_t i = 0; i < Direct; ++i) t[i] = static_cast<T>(six[i]);
+    for (std::size_t i = 0; i < Shear; ++i) t[Direct + i] = static_cast<T>(six[3 + i] * shearFactor);
 }
 
 /// The same for a layout not known before; an Unknown one is read as Full, and none of it is stored.
