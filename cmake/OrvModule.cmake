@@ -65,7 +65,10 @@ function(orv_module name)
         $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>
         # Calls within one source may be inlined although the callee is exported; nobody replaces our functions one by
         # one. Worth a quarter of the time of reading a stream.
-        $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
+        $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>
+        # GCC 12 joins neighbouring statements into vector operations and then takes double to float to double, in
+        # vectors, for nothing: the rounding is lost. (out[0] = float(in[0]); out[1] = float(in[1]); shows it.)
+        $<$<CXX_COMPILER_ID:GNU>:-fno-tree-slp-vectorize>)
 
     target_sources(OrvLumGeom
         PRIVATE $<TARGET_OBJECTS:orv_${name}>
