@@ -58,6 +58,8 @@ function(orv_module name)
     target_include_directories(orv_${name} PRIVATE "${PROJECT_SOURCE_DIR}/src")
     target_compile_options(orv_${name} PRIVATE
         $<TARGET_PROPERTY:OrvLumGeom,INTERFACE_COMPILE_OPTIONS>
+        # Exceptions tell where they were thrown: by names of our sources, not by folders of the machine that built them.
+        $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/src/=>
         # Nobody reads errno after a root, and setting it keeps roots from being computed side by side. No value changes.
         $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-fno-math-errno>
         # GCC marks static data of inline functions as unique in the process, and the loader never unloads a library

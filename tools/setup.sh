@@ -1,18 +1,20 @@
 #!/bin/sh
-# Installs what is missing on Debian for one of our commands: tools/setup.sh demo|check|ci|coverage
+# Installs what is missing on Debian for one of our commands: tools/setup.sh demo|check|ci|windows|coverage
 # Where nothing is missing it does nothing; where there is no Debian it only says what to have.
 set -eu
 
-demo="g++ cmake ninja-build ccache libcairo2-dev"
+demo="g++ cmake ninja-build ccache libcairo2-dev libcli11-dev"
 check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev libglm-dev libnanoflann-dev
-    libeigen3-dev libfcl-dev gfortran python3"
+    libeigen3-dev libfcl-dev gfortran python3 python3-dev python3-numpy python3-pytest pybind11-dev gdb locales
+    dpkg-dev pkgconf"
 case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;
-ci) wanted="$check git clang clang-format clang-tidy shellcheck" ;;
+ci) wanted="$check git clang clang-format clang-tidy doxygen shellcheck" ;;
+windows) wanted="$check g++-mingw-w64-x86-64-posix googletest wine wine64" ;;
 coverage) wanted="$check gcovr" ;;
 *)
-    echo "usage: $0 demo|check|ci|coverage" >&2
+    echo "usage: $0 demo|check|ci|windows|coverage" >&2
     exit 2
     ;;
 esac

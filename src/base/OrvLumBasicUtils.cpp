@@ -4,6 +4,7 @@
 #include <base/nex_CommandException.h>
 #include <base/omi_Singleton.h>
 #include <base/orv_StartUpCounter.h>
+#include <base/thr_ThrSingletonRegistry.h>
 #include <base/typ_ArchCompTable.h>
 
 namespace {
@@ -27,6 +28,7 @@ void OrvLumBasicUtils_initialize(int& count) {
 
 void OrvLumBasicUtils_finalize(int& count) {
     if (!basicUtils.Stop(count)) return;
+    thr_ThrSingletonRegistry::Finalize();
     omi_Singleton<cls_MetadataRegistrar>::Finalize();
     typ_ArchCompTable::Clear();
 }

@@ -1,4 +1,5 @@
 #include <base/atr_String.h>
+#include <base/detail/orv_PlainNumbers.h>
 #include <base/nex_PrimException.h>
 #include <base/nex_Throw.h>
 
@@ -74,6 +75,7 @@ atr_String atr_String::Convert(OrvBasStringMode mode) const {
 
 atr_String atr_Format(const char* format, ...) {
     if (format == nullptr) return {};
+    const orv_PlainNumbers plainNumbers;
     std::va_list arguments;
     std::va_list again;
     va_start(arguments, format);

@@ -6,18 +6,14 @@
 #include <stdexcept>
 #include <utility>
 
-namespace {
-constexpr const char* outOfMemory = "stream is out of memory";
-}
-
 void bio_Ofilter::WriteRaw(const void* bytes, std::size_t size) noexcept {
     if (!Good() || size == 0) return;
     try {
         _bytes.append(static_cast<const char*>(bytes), size);
     } catch (const std::bad_alloc&) {
-        Fail(outOfMemory);
+        Fail(bio_outOfMemory);
     } catch (const std::length_error&) {
-        Fail(outOfMemory);
+        Fail(bio_outOfMemory);
     }
 }
 
@@ -70,7 +66,7 @@ unsigned bio_Ofilter::NumberOf(const void* object) noexcept {
         if (isNew) ++_lastNumber;
         return entry->second;
     } catch (const std::bad_alloc&) {
-        Fail(outOfMemory);
+        Fail(bio_outOfMemory);
         return 0;
     }
 }

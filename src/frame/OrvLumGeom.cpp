@@ -44,7 +44,16 @@ int loaderCount = 0;
 
 void OrvLumGeom_initialize(int& count) {
     if (!library.Start(count)) return;
-    for (const Step& step : steps) step.initialize(count);
+    const Step* step = std::begin(steps);
+    try {
+        for (; step != std::end(steps); ++step) step->initialize(count);
+    } catch (...) {
+        // The part that failed counts as started.
+        for (auto undone = std::make_reverse_iterator(step + 1); undone != std::rend(steps); ++undone)
+            undone->finalize(count);
+        library.Stop(count);
+        throw;
+    }
 }
 
 void OrvLumGeom_finalize(int& count) {

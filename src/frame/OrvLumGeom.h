@@ -9,7 +9,7 @@
 ///
 /// First start, in this order: the base libraries BasicUtils, Shared, CoreUtils, Alloc; the modules Wip, Idb, G3d,
 /// Omu, Mdl, Gsl, Ann, Utf; the library's specific part. No errors are reported; an exception of a registration
-/// passes to the caller, with everything up to it counted as started.
+/// passes to the caller, with everything up to it stopped again and `count` as it was.
 /// Not for several threads at once.
 ORV_EXPORT void OrvLumGeom_initialize(int& count);
 

@@ -4,6 +4,7 @@
 #include <base/typ_ArchCompTable.h>
 #include <frame/OrvLumOmu.h>
 #include <frame/detail/orv_TypeTable.h>
+#include <omu/detail/omu_ForgetAtoms.h>
 #include <omu/omu_ArgNumberErrorException.h>
 #include <omu/omu_ArgTypeErrorException.h>
 #include <omu/omu_AttributeErrorException.h>
@@ -122,4 +123,5 @@ void OrvLumOmu_finalize(int& count) {
     if (!counter.Stop(count)) return;
     omi_Singleton<omu_SymbolicConstantTable>::Finalize();
     omi_Singleton<omu_TextRepr>::Finalize();
+    omu_ForgetAtoms();
 }

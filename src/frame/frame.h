@@ -4,6 +4,7 @@
 #include <frame/OrvLumAnn.h>
 #include <frame/OrvLumG3d.h>
 #include <frame/OrvLumGeom.h>
+#include <frame/OrvLumGeom_Version.h>
 #include <frame/OrvLumGsl.h>
 #include <frame/OrvLumIdb.h>
 #include <frame/OrvLumMdl.h>

@@ -1,3 +1,4 @@
+#include <base/detail/orv_PlainNumbers.h>
 #include <gsl/gsl_TriOctreeNode.h>
 
 #include <limits>
@@ -30,6 +31,7 @@ int gsl_TriOctreeNode::GetChildCount() const { return 8; }
 
 void gsl_TriOctreeNode::Print(std::FILE* file) const {
     if (file == nullptr) return;
+    const orv_PlainNumbers plainNumbers;
     const gsl_Point low = _box.Low(), high = _box.High();
     std::fprintf(file, " Level: %d\n", _level);
     std::fprintf(file, "  Index: %d, # of triangles: %d\n", _index, _indices.Length());

@@ -1,3 +1,4 @@
+#include <base/detail/orv_PlainNumbers.h>
 #include <gsl/detail/gsl_DirSearchNode.h>
 #include <gsl/gsl_BBox.h>
 #include <gsl/gsl_TriOctreeNode.h>
@@ -11,6 +12,12 @@
 #include <utility>
 
 namespace {
+
+void Trace(std::FILE* trace, const char* format, double distance) {
+    if (trace == nullptr) return;
+    const orv_PlainNumbers plainNumbers;
+    std::fprintf(trace, format, distance);
+}
 
 /// Of an octree's node.
 constexpr int mostChildren = 14;
@@ -126,7 +133,7 @@ bool gsl_TriTriDirDist::FindDirectionalDistance(const gsl_TriOctreeNode* fixedRo
     const Prepared movable(*movableRoot, _levels, _movable, _matrix, *frame, -std::numeric_limits<double>::infinity());
     if (!RecursiveFindDirDist(fixed.Root(), movable.Root(), true, distance)) return false;
     _contact->point = frame->FromFrame(_contact->point.AsArray());
-    if (_trace) std::fprintf(_trace.get(), "  Distance: %lf\n", distance);
+    Trace(_trace.get(), "  Distance: %lf\n", distance);
     return true;
 }
 
@@ -146,7 +153,7 @@ bool gsl_TriTriDirDist::CheckBBoxes(const gsl_TriOctreeNode& fixed, const gsl_Tr
         if (trace != nullptr) std::fprintf(trace, "  BBox did not intersect\n");
         return false;
     }
-    if (trace != nullptr) std::fprintf(trace, "  Bbox distance: %lf\n", distance);
+    Trace(trace, "  Bbox distance: %lf\n", distance);
     if (distance < best) return true;
     if (trace != nullptr) std::fprintf(trace, "  Rejecting based on the face bbox check\n");
     return false;

@@ -11,6 +11,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -209,7 +210,9 @@ void idb_MementoWrite::Flush() {
             if (hasPending) _parts->pending.reset();
         }
     }
-    if (_ownTree && !out.Good()) nex_Throw(nex_StreamException(out.Failure()));
+    if (!_ownTree || out.Good()) return;
+    if (std::string_view(out.Failure()) == bio_outOfMemory) throw std::bad_alloc();
+    nex_Throw(nex_StreamException(out.Failure()));
 }
 
 /// Header and fixed block of a memento with fields.

@@ -13,7 +13,6 @@ idb_WriteListObj::~idb_WriteListObj() {
     bio_Ofilter& out = _tree->GetFilter();
     out.Write(_count);
     out.Write(_columns);
-    if (_current) Settle();
     std::size_t plainSize = 0;
     for (const Run& run : _runs) plainSize += run.size;
     out.Reserve(plainSize);
@@ -23,6 +22,7 @@ idb_WriteListObj::~idb_WriteListObj() {
         else
             out.WriteRaw(run.bytes, run.size);
     }
+    if (_current) _current->Flush();
 }
 
 /// Files the current entry behind the others.

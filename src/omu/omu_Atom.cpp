@@ -1,5 +1,6 @@
 #include <base/detail/cow_Range.h>
 #include <base/detail/orv_Immortal.h>
+#include <omu/detail/omu_ForgetAtoms.h>
 #include <omu/omu_Atom.h>
 
 #include <algorithm>
@@ -14,6 +15,8 @@ std::vector<cow_String>& Texts() {
 }
 
 }  // namespace
+
+void omu_ForgetAtoms() noexcept { std::vector<cow_String>().swap(Texts()); }
 
 omu_Atom omu_Atom::CreateAtom(const cow_String& text) {
     const omu_Atom present(text);

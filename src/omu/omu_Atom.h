@@ -9,6 +9,7 @@
 /// A text of the one table of the process, by its place there; 0 is no text. Made from a text it only looks; to add one
 /// is `CreateAtom`.
 ///
+/// The last stop of Omu empties the table: never keep an atom or its text beyond it.
 /// Threads: there is no lock; the scripting thread only.
 class ORV_EXPORT omu_Atom {
 public:
@@ -24,7 +25,7 @@ public:
 
     [[nodiscard]] std::uint32_t Index() const noexcept { return _index; }
 
-    /// The text, valid until the end of the process; null at place 0. Throws nex_RangeException beyond the table.
+    /// The text, valid as long as the table; null at place 0. Throws nex_RangeException beyond the table.
     [[nodiscard]] const char* String() const;
 
     friend bool operator==(const omu_Atom&, const omu_Atom&) noexcept = default;

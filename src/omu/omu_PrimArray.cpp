@@ -17,7 +17,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <new>
 #include <optional>
 #include <span>
 #include <string>
@@ -193,12 +192,9 @@ bool omu_PrimArray::FromDimsAndData(int nd, const cow_List<int>& dims, const voi
     made.type = type;
     made.firstElement = 0;
     const std::size_t itemSize = ForType(type, [](auto zero) { return sizeof(zero); });
-    try {
-        made.dims = cow_List<int>(std::vector<int>(shape.begin(), shape.end()));
-        made.data = std::make_shared<omu_PrimArrayData>(static_cast<std::size_t>(*count) * itemSize);
-    } catch (const std::bad_alloc&) {
-        return fail(noMemory);
-    }
+    made.dims = cow_List<int>(std::vector<int>(shape.begin(), shape.end()));
+    made.data = std::make_shared<omu_PrimArrayData>(static_cast<std::size_t>(*count) * itemSize);
+    if (made.data->Bytes() == nullptr) return fail(noMemory);
     if (data != nullptr) std::memcpy(made.data->Bytes(), data, made.data->Count());
     _state = std::move(made);
     _lent.clear();

@@ -9,10 +9,10 @@
 /// The block of memory that an array shares with its copies and sub-arrays. Aligned for any number.
 class ORV_EXPORT omu_PrimArrayData {
 public:
-    /// `count` bytes, all 0. Memory that is never written is left to the system to give. Throws std::bad_alloc.
+    /// `count` bytes, all 0. Memory that is never written is left to the system to give.
     explicit omu_PrimArrayData(std::size_t count);
 
-    /// Never null.
+    /// Null when there was no memory for them.
     [[nodiscard]] void* Bytes() noexcept { return _bytes.get(); }
     [[nodiscard]] const void* Bytes() const noexcept { return _bytes.get(); }
 

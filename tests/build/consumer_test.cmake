@@ -1,19 +1,9 @@
-# Protects those who use the library: the installed package serves a project of theirs (found, built, run), and as a
-# subdirectory the library brings neither its tests nor its warnings along (configured only).
+# Protects those who use the installed library: moved to another folder it still serves a project of theirs (found,
+# built, run) and a plain compiler call by pkg-config; another major version is refused; no installed file names our
+# folders.
 
-set(consumer "${CMAKE_CURRENT_LIST_DIR}/consumer")
-set(work "${BUILD_DIR}/consumer_test")
-file(REMOVE_RECURSE "${work}")
-
-function(run)
-    execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
-    if(NOT result EQUAL 0)
-        message(FATAL_ERROR "failed (${result}): ${ARGN}")
-    endif()
-endfunction()
-
-set(configure "${CMAKE_COMMAND}" -S "${consumer}" -G "${GENERATOR}"
-    "-DCMAKE_CXX_COMPILER=${COMPILER}" "-DCMAKE_CXX_FLAGS=${FLAGS}")
+include("${CMAKE_CURRENT_LIST_DIR}/consumer_common.cmake")
+file(REMOVE_RECURSE "${WORK}")
 
 # The programs of the documents: the first C++ block of each, and the text block behind it as what it prints.
 set(documents README docs/scripting)
@@ -21,20 +11,43 @@ foreach(document IN LISTS documents)
     cmake_path(GET document FILENAME name)
     file(READ "${SOURCE_DIR}/${document}.md" text)
     string(REGEX MATCH "```cpp\n([^`]*)```[^`]*(```text\n([^`]*)```)?" block "${text}")
-    file(WRITE "${work}/programs/${name}.cpp" "${CMAKE_MATCH_1}")
+    file(WRITE "${WORK}/programs/${name}.cpp" "${CMAKE_MATCH_1}")
     set(output_${name} "${CMAKE_MATCH_3}")
 endforeach()
 
-run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --prefix "${work}/prefix")
-run(${configure} -B "${work}/package" "-DCMAKE_PREFIX_PATH=${work}/prefix" "-DPROGRAMS=${work}/programs")
-run("${CMAKE_COMMAND}" --build "${work}/package")
-run("${work}/package/consumer")
+run("${CMAKE_COMMAND}" --install "${BUILD_DIR}" --strip --prefix "${WORK}/prefix")
+file(RENAME "${WORK}/prefix" "${WORK}/moved")
+
+file(GLOB_RECURSE installed "${WORK}/moved/*")
+foreach(file IN LISTS installed)
+    # A sanitizer or counters write the places of the sources into the library.
+    if(file MATCHES "\\.so" AND FLAGS MATCHES "-fsanitize|--coverage")
+        continue()
+    endif()
+    foreach(folder IN ITEMS "${SOURCE_DIR}" "${BUILD_DIR}")
+        file(STRINGS "${file}" lines REGEX "${folder}")
+        if(lines)
+            message(FATAL_ERROR "${file} names a folder of this machine: ${lines}")
+        endif()
+    endforeach()
+endforeach()
+
+list(APPEND configure "-DCMAKE_CXX_FLAGS=${FLAGS}" "-DCMAKE_PREFIX_PATH=${WORK}/moved")
+run(${configure} -B "${WORK}/package" -DVERSION_WANTED=0.1 "-DPROGRAMS=${WORK}/programs")
+run("${CMAKE_COMMAND}" --build "${WORK}/package")
+run("${WORK}/package/consumer")
 foreach(document IN LISTS documents)
     cmake_path(GET document FILENAME name)
-    execute_process(COMMAND "${work}/package/${name}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
+    execute_process(COMMAND "${WORK}/package/${name}" OUTPUT_VARIABLE output RESULT_VARIABLE result)
     if(NOT result EQUAL 0 OR (output_${name} AND NOT output STREQUAL output_${name}))
         message(FATAL_ERROR "${document}.md: its program returns ${result} and prints\n${output}")
     endif()
 endforeach()
 
-run(${configure} -B "${work}/subdirectory" "-DORVLUMGEOM_SOURCE_DIR=${SOURCE_DIR}")
+execute_process(COMMAND ${configure} -B "${WORK}/refused" -DVERSION_WANTED=1.0
+    RESULT_VARIABLE result OUTPUT_QUIET ERROR_VARIABLE message)
+if(result EQUAL 0 OR NOT message MATCHES "compatible with requested version \"1.0\"")
+    message(FATAL_ERROR "version 1.0 was asked for, and the answer is ${result}: ${message}")
+endif()
+
+use_by_pkg_config("${WORK}/moved")

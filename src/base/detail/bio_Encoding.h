@@ -6,6 +6,9 @@
 #include <cstdint>
 #include <cstring>
 
+/// Why a writing filter stopped that could not grow.
+inline constexpr const char* bio_outOfMemory = "stream is out of memory";
+
 /// Scalars on a stream are little-endian, fixed width, unaligned. A machine that is so itself moves
 /// them as they are, others byte by byte.
 template <std::size_t size>

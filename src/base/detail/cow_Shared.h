@@ -30,7 +30,11 @@ public:
         } else if (_data.use_count() == 1) {
             // The count is read relaxed. The fence orders what follows after the last use by a thread that has
             // dropped its share.
+#if defined(__SANITIZE_THREAD__)
+            const std::shared_ptr<T> acquired = _data;  // the thread sanitizer does not know fences
+#else
             std::atomic_thread_fence(std::memory_order_acquire);
+#endif
         } else {
             _data = std::make_shared<T>(std::as_const(*_data));
         }
