@@ -29,6 +29,7 @@ public:
 
     // ---- Queries
 
+    /// Number of annotations, and whether one has that name.
     [[nodiscard]] int Length() const noexcept { return _annotations.Length(); }
     [[nodiscard]] bool IsMember(const cow_String& name) const { return _annotations.IsMember(name); }
     /// Throws nex_RangeException when the name is absent.

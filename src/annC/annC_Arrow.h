@@ -31,6 +31,7 @@ enum class annC_LineStyleEnm : int { SOLID = 0, DASHED = 2, DOTTED = 1, DOT_DASH
 template <>
 ORV_EXPORT const omu_PrimEnum<annC_LineStyleEnm>::Row* omu_PrimEnum<annC_LineStyleEnm>::Table();
 
+/// The width of a line; in millimetres by `g3d_Utils::ConvertLineThickness`.
 enum class annC_LineThicknessEnm : int { VERY_THIN = 0, THIN = 1, MEDIUM = 2, THICK = 3 };
 template <>
 ORV_EXPORT const omu_PrimEnum<annC_LineThicknessEnm>::Row* omu_PrimEnum<annC_LineThicknessEnm>::Table();
@@ -65,11 +66,13 @@ public:
     [[nodiscard]] double EndPointY() const noexcept { return _endPointY; }
     void SetEndPointY(double endPointY) noexcept { _endPointY = endPointY; }
 
+    /// Shared handles, which may be null.
     [[nodiscard]] const annC_AnchorHld& StartAnchor() const noexcept { return _startAnchor; }
     void SetStartAnchor(const annC_AnchorHld& startAnchor) noexcept { _startAnchor = startAnchor; }
     [[nodiscard]] const annC_AnchorHld& EndAnchor() const noexcept { return _endAnchor; }
     void SetEndAnchor(const annC_AnchorHld& endAnchor) noexcept { _endAnchor = endAnchor; }
 
+    /// What is drawn at either end.
     [[nodiscard]] annC_ArrowHeadStyleEnm StartHeadStyle() const noexcept { return _startHeadStyle; }
     void SetStartHeadStyle(annC_ArrowHeadStyleEnm startHeadStyle) noexcept { _startHeadStyle = startHeadStyle; }
     [[nodiscard]] annC_ArrowHeadStyleEnm EndHeadStyle() const noexcept { return _endHeadStyle; }
@@ -86,6 +89,7 @@ public:
     [[nodiscard]] const cow_String& Color() const noexcept { return _color; }
     void SetColor(const cow_String& color) noexcept { _color = color; }
 
+    /// The look of the line between the ends.
     [[nodiscard]] annC_LineStyleEnm LineStyle() const noexcept { return _lineStyle; }
     void SetLineStyle(annC_LineStyleEnm lineStyle) noexcept { _lineStyle = lineStyle; }
     [[nodiscard]] annC_LineThicknessEnm LineThickness() const noexcept { return _lineThickness; }
@@ -93,6 +97,7 @@ public:
 
     // ---- Names in scripts: the command, its keywords, the methods
 
+    /// Each gives the name that scripts use.
     [[nodiscard]] static constexpr const char* constructorCmd() noexcept { return "Arrow"; }
     [[nodiscard]] static constexpr const char* startPointCmd() noexcept { return "startPoint"; }
     [[nodiscard]] static constexpr const char* endPointCmd() noexcept { return "endPoint"; }

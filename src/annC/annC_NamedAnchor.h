@@ -24,9 +24,11 @@ ORV_EXPORT const omu_PrimEnum<annC_RelativePositionEnm>::Row* omu_PrimEnum<annC_
 /// A corner, the middle of a side or the middle of the viewport.
 class ORV_EXPORT annC_NamedAnchor : public annC_Anchor {
 public:
+    /// At one of the named places.
     explicit annC_NamedAnchor(annC_RelativePositionEnm position = annC_RelativePositionEnm::BOTTOM_LEFT) noexcept
         : _position(position) {}
 
+    /// The place.
     [[nodiscard]] annC_RelativePositionEnm Position() const noexcept { return _position; }
     void SetPosition(annC_RelativePositionEnm position) noexcept { _position = position; }
 

@@ -9,9 +9,11 @@
 class ORV_EXPORT annC_Point3DAnchor : public annC_Anchor {
 public:
     annC_Point3DAnchor() noexcept = default;
+    /// At a point of the model.
     annC_Point3DAnchor(double positionX, double positionY, double positionZ) noexcept
         : _positionX(positionX), _positionY(positionY), _positionZ(positionZ) {}
 
+    /// Model coordinates.
     [[nodiscard]] double PositionX() const noexcept { return _positionX; }
     void SetPositionX(double positionX) noexcept { _positionX = positionX; }
     [[nodiscard]] double PositionY() const noexcept { return _positionY; }

@@ -17,6 +17,7 @@ enum class annC_BackgroundStyleEnm : int { TRANSPARENT = 0, MATCH = 1, OTHER = 2
 template <>
 ORV_EXPORT const omu_PrimEnum<annC_BackgroundStyleEnm>::Row* omu_PrimEnum<annC_BackgroundStyleEnm>::Table();
 
+/// How the lines of a text stand to each other.
 enum class annC_JustificationEnm : int { LEFT = 0, CENTER = 1, RIGHT = 2 };
 template <>
 ORV_EXPORT const omu_PrimEnum<annC_JustificationEnm>::Row* omu_PrimEnum<annC_JustificationEnm>::Table();
@@ -40,6 +41,7 @@ public:
 
     // ---- Attributes
 
+    /// The text; '\n' ends a line.
     [[nodiscard]] const cow_String& Text() const noexcept { return _text; }
     void SetText(const cow_String& text) noexcept { _text = text; }
 
@@ -49,6 +51,7 @@ public:
     [[nodiscard]] double OffsetY() const noexcept { return _offsetY; }
     void SetOffsetY(double offsetY) noexcept { _offsetY = offsetY; }
 
+    /// A shared handle, which may be null.
     [[nodiscard]] const annC_AnchorHld& Anchor() const noexcept { return _anchor; }
     void SetAnchor(const annC_AnchorHld& anchor) noexcept { _anchor = anchor; }
 
@@ -69,6 +72,7 @@ public:
     [[nodiscard]] const cow_String& Color() const noexcept { return _color; }
     void SetColor(const cow_String& color) noexcept { _color = color; }
 
+    /// What is behind the text.
     [[nodiscard]] annC_BackgroundStyleEnm BackgroundStyle() const noexcept { return _backgroundStyle; }
     void SetBackgroundStyle(annC_BackgroundStyleEnm backgroundStyle) noexcept { _backgroundStyle = backgroundStyle; }
 
@@ -86,6 +90,7 @@ public:
 
     // ---- Names in scripts: the command, its keywords, the method
 
+    /// Each gives the name that scripts use.
     [[nodiscard]] static constexpr const char* constructorCmd() noexcept { return "Text"; }
     [[nodiscard]] static constexpr const char* textCmd() noexcept { return "text"; }
     [[nodiscard]] static constexpr const char* offsetCmd() noexcept { return "offset"; }

@@ -10,8 +10,10 @@
 class ORV_EXPORT annC_ViewportAnchor : public annC_Anchor {
 public:
     annC_ViewportAnchor() noexcept = default;
+    /// At fractions of the viewport's width and height.
     annC_ViewportAnchor(double positionX, double positionY) noexcept : _positionX(positionX), _positionY(positionY) {}
 
+    /// Fractions of the viewport's width and height, from its lower left corner.
     [[nodiscard]] double PositionX() const noexcept { return _positionX; }
     void SetPositionX(double positionX) noexcept { _positionX = positionX; }
     [[nodiscard]] double PositionY() const noexcept { return _positionY; }

@@ -9,8 +9,10 @@
 class OrvBasUtlFilePath {
 public:
     OrvBasUtlFilePath() noexcept = default;
+    /// The path as it is given; nothing is looked up.
     explicit OrvBasUtlFilePath(cow_String path) noexcept : _path(std::move(path)) {}
 
+    /// The path as it was given.
     [[nodiscard]] const cow_String& Path() const noexcept { return _path; }
     [[nodiscard]] const char* c_str() const noexcept { return _path.c_str(); }
 

@@ -14,8 +14,10 @@ public:
 
     /// The bytes up to the first NUL; a null pointer gives the empty text.
     atr_String(const char* text);
+    /// The text, shared.
     explicit atr_String(cow_String text) noexcept;
 
+    /// The text, not converted.
     [[nodiscard]] const char* c_str() const noexcept { return _text.c_str(); }
     [[nodiscard]] const cow_String& Text() const noexcept { return _text; }
 

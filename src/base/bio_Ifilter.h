@@ -19,13 +19,16 @@
 /// nex_StreamException.
 class ORV_EXPORT bio_Ifilter {
 public:
+    /// Reads from the first of these bytes.
     explicit bio_Ifilter(std::string bytes) noexcept;
     bio_Ifilter(const bio_Ifilter&) = delete;
     bio_Ifilter& operator=(const bio_Ifilter&) = delete;
 
+    /// Bytes read so far.
     [[nodiscard]] std::size_t Position() const noexcept { return _position; }
     /// Goes back, or forth again, to a position that was read before.
     void Seek(std::size_t position) noexcept { _position = std::min(position, _bytes.size()); }
+    /// Bytes that are left.
     [[nodiscard]] std::size_t Remaining() const noexcept { return _bytes.size() - _position; }
 
     /// Each throws "unexpected end of stream" when the bytes do not suffice, and then leaves its target alone. A

@@ -3,6 +3,7 @@
 
 /// Which object of a stream a memento tells of: its number, and the bytes of that number, 0 when there is none.
 struct bio_Marker {
+    /// The number, and its bytes.
     unsigned number = 0;
     unsigned size = 0;
 

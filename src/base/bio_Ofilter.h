@@ -32,6 +32,7 @@ public:
 
     /// All bytes written so far.
     [[nodiscard]] const std::string& Bytes() const noexcept { return _bytes; }
+    /// Whether everything was taken so far.
     [[nodiscard]] bool Good() const noexcept { return _failure == nullptr; }
     /// Why the filter stopped; empty while it is good.
     [[nodiscard]] const char* Failure() const noexcept { return _failure == nullptr ? "" : _failure; }
@@ -40,6 +41,7 @@ public:
         if (_failure == nullptr) _failure = reason;
     }
 
+    /// Appends the value, or nothing once the filter has stopped.
     void Write(bool value) noexcept;
     void Write(int value) noexcept;
     void Write(unsigned value) noexcept;
@@ -59,6 +61,7 @@ public:
 
     /// The object's number: 0 for null, else 1, 2, ... in order of first appearance on this stream.
     [[nodiscard]] unsigned NumberOf(const void* object) noexcept;
+    /// Appends `NumberOf(object)`.
     void WritePointer(const void* object) noexcept { Write(NumberOf(object)); }
     /// Keeps a written shared object alive until the filter is gone, so that its address, and with it its number,
     /// is not given to another object meanwhile.

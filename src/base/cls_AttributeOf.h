@@ -18,6 +18,7 @@ class cls_WriteVisitor;
 
 /// How a C++ type is stored: its attribute type, for objects the class, for collections the collection code.
 struct cls_AttributeKind {
+    /// As `cls_ClassMetadata::Attribute` takes them.
     cls_AttributeType type;
     unsigned classId = 0;
     cls_CollectionType collection = 0;
@@ -42,6 +43,7 @@ inline constexpr int cls_ElementCode = std::is_same_v<T, double>       ? 2
 /// The object that a holder holds; `void` for a type that is no holder.
 template <class V>
 struct cls_HeldBy {
+    /// The class of the object.
     using Type = void;
 };
 template <class T>
@@ -58,6 +60,7 @@ concept cls_Holder = !std::is_void_v<typename cls_HeldBy<V>::Type>;
 /// The collection code of a container type; 0 for a type that is no collection.
 template <class V>
 struct cls_CollectionOf {
+    /// See `cls_CollectionType`.
     static constexpr cls_CollectionType code = 0;
 };
 template <class T>

@@ -46,6 +46,7 @@ enum cls_AttributeType : int {
     }
 }
 
+/// Whether values of the type are stored as a string.
 [[nodiscard]] constexpr bool cls_IsStringType(cls_AttributeType type) noexcept {
     return type == cls_StringAttribute || type == cls_TextAttribute || type == cls_FilePathAttribute;
 }

@@ -16,7 +16,7 @@ class cls_ReadVisitor;
 
 /// One attribute of a persistent class with its place in a stored object.
 struct cls_Attribute {
-    cls_AttributeType type;
+    cls_AttributeType type;         ///< which also gives the size of the slot
     unsigned classId;               ///< type 15: the class of the object; else 0
     cls_CollectionType collection;  ///< 0 when it is no collection
     int slotSize = 0;               ///< bytes in the fixed block; 0 for strings and objects
@@ -51,11 +51,14 @@ public:
         return Attribute(name, kind.type, kind.classId, kind.collection);
     }
 
+    /// As registered.
     [[nodiscard]] const cow_String& Name() const noexcept { return _name; }
     [[nodiscard]] unsigned Id() const noexcept { return _id; }
     [[nodiscard]] unsigned Number() const noexcept { return _number; }
     [[nodiscard]] unsigned Flags() const noexcept { return _flags; }
+    /// Replaces the flags.
     void SetFlags(unsigned flags) noexcept { _flags = flags; }
+    /// Type identifier of the base part's class, `cls_RootClass` for none.
     [[nodiscard]] unsigned BaseId() const noexcept { return _baseId; }
     [[nodiscard]] bool HasBasePart() const noexcept { return _baseId != cls_RootClass; }
 
@@ -68,6 +71,7 @@ public:
     /// moved behind what was found: fields asked for in registration order are found at the first comparison.
     [[nodiscard]] const cls_Attribute* Find(std::string_view name, unsigned& cursor) const;
 
+    /// Bytes of the fixed block, and how many strings follow it.
     [[nodiscard]] int BlockSize() const noexcept { return _blockSize; }
     [[nodiscard]] int StringCount() const noexcept { return _stringCount; }
     /// Whether a stored object is header and fixed block alone.

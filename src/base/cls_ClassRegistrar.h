@@ -33,6 +33,7 @@ public:
     [[nodiscard]] cow_List<cow_String> AttributeNames() const;
     /// The classes in the order of their (last) registration calls since `ResetArrivals`; for the metadata registrar.
     [[nodiscard]] const std::vector<cls_ClassMetadata*>& Arrivals() const noexcept { return _arrivals; }
+    /// Forgets them.
     void ResetArrivals() noexcept { _arrivals.clear(); }
 
 private:

@@ -9,9 +9,11 @@
 /// for the length of one call.
 class cls_FieldHandle {
 public:
+    /// Refers to the caller's text, which must outlive it; null is the empty name.
     cls_FieldHandle(const char* name) noexcept : _name(name != nullptr ? name : "") {}
     cls_FieldHandle(const cow_String& name) noexcept : _name(name.c_str(), static_cast<std::size_t>(name.Length())) {}
 
+    /// The name.
     [[nodiscard]] std::string_view Name() const noexcept { return _name; }
 
 private:

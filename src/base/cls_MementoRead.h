@@ -21,6 +21,7 @@ public:
     cls_MementoRead& operator=(const cls_MementoRead&) = delete;
     virtual ~cls_MementoRead();
 
+    /// The value of the field, or `fallback` when the stream carried none.
     [[nodiscard]] virtual char Read(const cls_FieldHandle& field, char fallback) const = 0;
     [[nodiscard]] virtual short Read(const cls_FieldHandle& field, short fallback) const = 0;
     [[nodiscard]] virtual int Read(const cls_FieldHandle& field, int fallback) const = 0;
@@ -35,10 +36,12 @@ public:
     [[nodiscard]] virtual const cls_MementoRead* Base() const = 0;
     /// The collection behind this memento's header; null when there is none.
     [[nodiscard]] virtual cls_Collection* Collection() const = 0;
+    /// The blob behind this memento's header; null when there is none.
     [[nodiscard]] virtual cls_AgentBlob* AgentBlob() const = 0;
 
     /// False when the stream carried no fields here: no object, a field that nobody wrote, an unknown class.
     [[nodiscard]] virtual bool HasValue() const = 0;
+    /// The class that the stream tells, and the number of the object.
     [[nodiscard]] virtual unsigned ClassId() const = 0;
     [[nodiscard]] virtual bio_Marker getMarker() const = 0;
     /// The object made for this memento's number so far; null when none was.
@@ -51,6 +54,7 @@ public:
     /// The same, but one object for all references to one number.
     [[nodiscard]] std::shared_ptr<void> ReadObjCow(const cls_FieldHandle& field, unsigned asClass = 0) const;
 
+    /// Where the memento reads from, and the classes it goes by.
     [[nodiscard]] virtual bio_Ifilter& Filter() const = 0;
     [[nodiscard]] virtual const cls_ClassRegistrar& Registrar() const = 0;
 

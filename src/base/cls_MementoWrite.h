@@ -23,6 +23,7 @@ public:
     cls_MementoWrite& operator=(const cls_MementoWrite&) = delete;
     virtual ~cls_MementoWrite();
 
+    /// Sets the value of the field.
     virtual void Write(const cls_FieldHandle& field, char value) = 0;
     virtual void Write(const cls_FieldHandle& field, short value) = 0;
     virtual void Write(const cls_FieldHandle& field, int value) = 0;
@@ -56,6 +57,7 @@ public:
     /// Says on standard error when the field is declared as another, not compatible, collection; goes on.
     virtual void CheckCollectionType(cls_CollectionType asked, const cls_FieldHandle& field) const = 0;
 
+    /// Where the memento writes to, and the classes it goes by.
     [[nodiscard]] virtual bio_Ofilter& Filter() const = 0;
     [[nodiscard]] virtual const cls_ClassRegistrar& Registrar() const = 0;
 };

@@ -12,6 +12,7 @@ extern template class ORV_EXPORT omi_Singleton<cls_MetadataRegistrar>;
 
 /// One registered class as start-up left it.
 struct cls_ClassRecord {
+    /// Name, identifier, flags and number of its metadata (cls_ClassMetadata).
     cow_String name;
     unsigned typeId = 0;
     unsigned flags = 0;
@@ -24,11 +25,13 @@ struct cls_ClassRecord {
 /// stops). Start-up hands it the metadata function of each class.
 class ORV_EXPORT cls_MetadataRegistrar {
 public:
+    /// The one object; made on first use.
     [[nodiscard]] static cls_MetadataRegistrar& Instance();
 
     /// Runs `registerClass` at once; `flags` are kept with every class that it registers and mean nothing here.
     void initClassMetadata(void (*registerClass)(cls_ClassRegistrar&), unsigned flags);
 
+    /// The registered classes.
     [[nodiscard]] const cls_ClassRegistrar& Registrar() const noexcept { return _registrar; }
     [[nodiscard]] cls_ClassRegistrar& Registrar() noexcept { return _registrar; }
 

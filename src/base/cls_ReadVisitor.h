@@ -25,8 +25,10 @@
 /// not fill its rows. A stored enumeration comes back as the number stood, listed or not.
 class ORV_EXPORT cls_ReadVisitor {
 public:
+    /// Reads from a memento that must outlive it; from null everything reads as its fallback.
     explicit cls_ReadVisitor(const cls_MementoRead* memento) noexcept : _memento(memento) {}
 
+    /// The field, which was registered as a V.
     template <class V>
     [[nodiscard]] V Read(const char* field, const V& fallback) const;
 

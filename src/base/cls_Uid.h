@@ -15,6 +15,7 @@ public:
     /// A number no other call has given; 1 is the first. May be called from any thread.
     [[nodiscard]] static cls_Uid AllocateUid() noexcept;
 
+    /// 0 for the default identity.
     [[nodiscard]] constexpr std::uint64_t Value() const noexcept { return _value; }
 
     friend constexpr bool operator==(const cls_Uid&, const cls_Uid&) noexcept = default;

@@ -25,6 +25,7 @@
 /// handle on a memento and as cheap to copy as a pointer; one without a memento writes nowhere.
 class ORV_EXPORT cls_WriteVisitor {
 public:
+    /// Writes into a memento that must outlive it.
     explicit cls_WriteVisitor(cls_MementoWrite& memento) noexcept : _memento(&memento) {}
     explicit cls_WriteVisitor(cls_MementoWrite* memento) noexcept : _memento(memento) {}
 

@@ -44,6 +44,7 @@ public:
     cow_2DArray& operator=(const cow_2DArray&) noexcept = default;
     ~cow_2DArray() = default;
 
+    /// The shape.
     [[nodiscard]] int Rows() const noexcept { return _rows; }
     [[nodiscard]] int Cols() const noexcept { return _columns; }
 

@@ -17,8 +17,10 @@ class cow_COW {
 public:
     /// Without an object; allocates nothing.
     cow_COW() noexcept = default;
+    /// Holds a copy of the object.
     explicit cow_COW(const T& object) : _object(object) {}
 
+    /// Whether there is no object.
     [[nodiscard]] bool IsNull() const noexcept { return _object.Read() == nullptr; }
 
     /// Throws nex_PrimException without an object, as `->` and `Get` do.

@@ -19,12 +19,15 @@ public:
 
     /// Takes the ownership of `owned`, which may be null.
     explicit cow_CountedHld(T* owned) : _object(owned) {}
+    /// Shares the object, which may be null.
     explicit cow_CountedHld(std::shared_ptr<T> object) noexcept : _object(std::move(object)) {}
 
+    /// Whether there is no object.
     [[nodiscard]] bool IsNull() const noexcept { return _object == nullptr; }
 
     /// Null without an object.
     [[nodiscard]] T* Get() const noexcept { return _object.get(); }
+    /// The object with a share in it.
     [[nodiscard]] const std::shared_ptr<T>& Share() const noexcept { return _object; }
 
     /// Throws nex_PrimException without an object, as `->` does.

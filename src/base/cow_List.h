@@ -32,6 +32,7 @@ public:
 
     /// Allocates nothing.
     cow_List() noexcept = default;
+    /// Of these elements.
     cow_List(std::initializer_list<T> elements) {
         Reserve(static_cast<int>(elements.size()));
         for (const T& element : elements) Append(element);
@@ -42,6 +43,7 @@ public:
         if (!elements.empty()) _elements = cow_Shared(std::move(elements));
     }
 
+    /// Number of elements.
     [[nodiscard]] int Length() const noexcept { return static_cast<int>(Span().size()); }
 
     /// Throws nex_RangeException outside 0..Length-1, as every access by index here.
@@ -54,6 +56,7 @@ public:
         const std::size_t position = cow_Position("cow_List", index, Span().size());
         return _elements.Write()[position];
     }
+    /// As `ConstGet`, and as `Get`, which detaches.
     [[nodiscard]] const value_type& operator[](int index) const { return ConstGet(index); }
     [[nodiscard]] value_type& operator[](int index) { return Get(index); }
 
@@ -77,6 +80,7 @@ public:
         if (capacity > Length()) _elements.Write().reserve(static_cast<std::size_t>(capacity));
     }
 
+    /// Drops this list's share of the elements.
     void Clear() noexcept { _elements.Reset(); }
 
     /// Equal lengths and equal elements, whether shared or not: a list with a NaN is not equal to itself.

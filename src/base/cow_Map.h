@@ -25,9 +25,11 @@ public:
     /// Allocates nothing.
     cow_Map() noexcept = default;
 
+    /// Number of entries.
     [[nodiscard]] int Length() const noexcept {
         return _map.Read() != nullptr ? static_cast<int>(_map.Read()->size()) : 0;
     }
+    /// Whether there is an entry with that key.
     [[nodiscard]] bool IsMember(const K& key) const { return Find(key) != nullptr; }
 
     /// Throws nex_RangeException when the key is absent, as `Get` does.

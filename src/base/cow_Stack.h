@@ -30,9 +30,11 @@ public:
     /// Allocates nothing.
     cow_Stack() noexcept = default;
 
+    /// Number of elements, and whether that is 0.
     [[nodiscard]] int Size() const noexcept { return Elements() != nullptr ? static_cast<int>(Elements()->size()) : 0; }
     [[nodiscard]] bool IsEmpty() const noexcept { return Size() == 0; }
 
+    /// The last element pushed. Stops the process when there is none.
     [[nodiscard]] const value_type& ConstTop() const {
         if (IsEmpty()) cow_AbortOnEmptyStack("ConstTop");
         return Elements()->back();
@@ -53,6 +55,7 @@ public:
         if (IsEmpty()) cow_AbortOnEmptyStack("Pop");
         _elements.Write().pop_back();
     }
+    /// Drops this stack's share of the elements.
     void Clear() noexcept { _elements.Reset(); }
 
 private:

@@ -27,6 +27,7 @@ public:
 
     /// The bytes up to the first NUL; a null pointer gives the empty string.
     cow_String(const char* text);
+    /// All bytes, NULs too.
     cow_String(std::string text);
     explicit cow_String(std::string_view text);
 
@@ -46,6 +47,7 @@ public:
     /// Number of bytes, without the closing NUL.
     [[nodiscard]] int Length() const noexcept { return _text ? static_cast<int>(_text->size()) : 0; }
 
+    /// The bytes of `a`, then those of `b`.
     friend cow_String operator+(const cow_String& a, const cow_String& b) { return Join(a, b); }
 
     /// By bytes, taken as unsigned: a shorter string sorts before its continuations.

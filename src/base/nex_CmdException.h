@@ -19,8 +19,10 @@ class cls_WriteVisitor;
 template <class Payload, int Code>
 class ORV_EXPORT nex_CmdException : public nex_CommandException {
 public:
+    /// The message is made from the value.
     explicit nex_CmdException(Payload value) : nex_CommandException(MessageOf(value)), _value(std::move(value)) {}
 
+    /// What was thrown.
     [[nodiscard]] const Payload& Value() const noexcept { return _value; }
 
     [[nodiscard]] nex_CmdException* Copy() const override { return new nex_CmdException(*this); }
@@ -35,6 +37,7 @@ public:
     [[nodiscard]] static unsigned TypeId() noexcept { return static_cast<unsigned>(Code); }
     [[nodiscard]] unsigned DynTypeId() const override { return TypeId(); }
 
+    /// Reads what `DBWrite` wrote.
     template <std::same_as<cls_ReadVisitor> Reader>
     explicit nex_CmdException(const Reader& reader) : nex_CmdException(reader.Read("m_Value", Payload())) {}
 

@@ -13,6 +13,7 @@ class cls_WriteVisitor;
 /// A scripting command that failed, with what the scripting layer needs to raise it there.
 class ORV_EXPORT nex_CommandException : public nex_Exception {
 public:
+    /// From a message; see nex_Exception.
     using nex_Exception::nex_Exception;
 
     [[nodiscard]] nex_CommandException* Copy() const override;

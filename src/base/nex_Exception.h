@@ -13,6 +13,7 @@
 /// dynamic class, so every derived class overrides both; one that forgets is kept and thrown as its base.
 class ORV_EXPORT nex_Exception : public std::exception {
 public:
+    /// Without a place.
     explicit nex_Exception(cow_String message) noexcept;
     nex_Exception(const nex_Exception&) noexcept = default;
     nex_Exception& operator=(const nex_Exception&) noexcept = default;

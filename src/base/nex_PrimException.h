@@ -8,6 +8,7 @@
 /// plain sentence.
 class ORV_EXPORT nex_PrimException : public nex_Exception {
 public:
+    /// From a message; see nex_Exception.
     using nex_Exception::nex_Exception;
 
     [[nodiscard]] nex_PrimException* Copy() const override;

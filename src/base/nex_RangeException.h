@@ -7,6 +7,7 @@
 /// An index or a key outside a container.
 class ORV_EXPORT nex_RangeException : public nex_Exception {
 public:
+    /// From a message; see nex_Exception.
     using nex_Exception::nex_Exception;
 
     [[nodiscard]] nex_RangeException* Copy() const override;

@@ -4,6 +4,7 @@
 /// A place in the source, with static storage behind both texts. It does what std::source_location does, which one of
 /// the compilers of the house (clang 14 on the GNU library) does not have yet.
 struct nex_SourceLocation {
+    /// Literals of the compiler; empty and 0 when not known.
     const char* file = "";
     const char* function = "";
     unsigned line = 0;

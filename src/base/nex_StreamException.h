@@ -7,6 +7,7 @@
 /// A stream that cannot be read or written: its bytes end early, contradict themselves or name what is not known.
 class ORV_EXPORT nex_StreamException : public nex_Exception {
 public:
+    /// From a message; see nex_Exception.
     using nex_Exception::nex_Exception;
 
     [[nodiscard]] nex_StreamException* Copy() const override;

@@ -20,6 +20,7 @@
 template <class T>
 class omi_Singleton {
 public:
+    /// The one object; made on use.
     [[nodiscard]] static T& Instance();
 
     /// Does nothing when there is no instance.

@@ -26,6 +26,7 @@ class omu_xoObjVarray {
 public:
     omu_xoObjVarray() = default;
 
+    /// As of the list of elements; the ratio is kept and used for nothing.
     [[nodiscard]] int Length() const { return _data.Length(); }
     [[nodiscard]] const T& operator[](int i) const { return _data.ConstGet(i); }
     [[nodiscard]] double GrowthRatio() const noexcept { return _growthRatio; }
@@ -33,6 +34,7 @@ public:
     /// For writing: detaches from copies. Do not keep the reference across a copy of the array.
     [[nodiscard]] T& operator[](int i) { return _data.Get(i); }
 
+    /// Puts a copy behind all others.
     void Append(const T& element) { _data.Append(element); }
 
     // ---- Persistence

@@ -18,6 +18,7 @@
 template <class T, int Level = 15>
 class thr_ThreadSingleton {
 public:
+    /// This thread's object; made on use.
     [[nodiscard]] static T& Instance();
 
     /// Deletes the calling thread's instance; false when it has none.

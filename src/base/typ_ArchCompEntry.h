@@ -10,6 +10,7 @@ public:
     /// A null `records` or a negative `count` gives an empty table.
     typ_ArchCompEntry(const typ_Entry* records, int count) noexcept;
 
+    /// Number of records.
     [[nodiscard]] int Count() const noexcept { return _count; }
 
     /// Throws nex_RangeException outside 0..Count-1.

@@ -21,6 +21,7 @@ public:
     /// 0, 1, 2 of k is set, and `a`'s elsewhere: vertex 0 is a, vertex 7 is b. Always eight, also where a and b agree.
     [[nodiscard]] static g3d_BoundingVolume Box(const g3d_Point& a, const g3d_Point& b);
 
+    /// Number of vertices, and whether that is 0.
     [[nodiscard]] int Count() const noexcept { return static_cast<int>(_vertices.size()); }
     [[nodiscard]] bool IsEmpty() const noexcept { return _vertices.empty(); }
     /// Lives as long as the volume is neither assigned to nor destroyed.

@@ -54,6 +54,7 @@ public:
 
     // ---- Queries
 
+    /// As set, after repairs. Window, near and far, offset in model units; the fractions are parts of the window.
     [[nodiscard]] const g3d_Point& GetLocation() const noexcept { return _eye; }
     [[nodiscard]] const g3d_Point& GetTarget() const noexcept { return _target; }
     [[nodiscard]] const g3d_Vector& GetUp() const noexcept { return _up; }
@@ -89,6 +90,7 @@ public:
     /// (0, 0, 1). With a supplied view *only the target is stored*.
     void SetLocation(const g3d_Point& eye, const g3d_Point& target, const g3d_Vector& up) noexcept;
 
+    /// In model units, after the repairs told above; and by how much the window is moved off the axis.
     void SetWindow(float width, float height) noexcept;
     void SetViewOffset(float x, float y) noexcept;
 
@@ -102,6 +104,7 @@ public:
     /// Flips the mode and nothing else, so the picture jumps; true when it was the other. See `MakePerspective`.
     bool SetProjection(ProjectionEnum projection) noexcept;
 
+    /// Distances from the eye in model units, after the repairs told above.
     void SetNearFar(float nearPlane, float farPlane) noexcept;
 
     /// Angles outside (0, 180), ends excluded, change nothing. In double, rounded to float once.

@@ -34,6 +34,7 @@ class ORV_EXPORT g3d_Color {
 public:
     /// Opaque black.
     constexpr g3d_Color() noexcept = default;
+    /// Of these components, as they are.
     constexpr g3d_Color(float r, float g, float b, float a) noexcept : _r(r), _g(g), _b(b), _a(a) {}
 
     /// (0, 0, 0, 1) when `preset` is none of the enumerators.
@@ -41,6 +42,7 @@ public:
 
     // ---- Components
 
+    /// As stored: nominally in [0, 1], not clamped.
     [[nodiscard]] constexpr float R() const noexcept { return _r; }
     [[nodiscard]] constexpr float G() const noexcept { return _g; }
     [[nodiscard]] constexpr float B() const noexcept { return _b; }
@@ -65,6 +67,7 @@ public:
     /// wraps around to a huge component.
     g3d_Color& Set(const cow_String& text, float alpha = 1.0F);
 
+    /// The predefined colours with the alpha given.
     g3d_Color& SetBlack(float alpha = 1.0F) noexcept { return Set(g3d_Black, alpha); }
     g3d_Color& SetRed(float alpha = 1.0F) noexcept { return Set(g3d_Red, alpha); }
     g3d_Color& SetGreen(float alpha = 1.0F) noexcept { return Set(g3d_Green, alpha); }

@@ -26,6 +26,7 @@ public:
     /// name that is not there.
     [[nodiscard]] g3d_Color ConstGet(const cow_String& name) const;
 
+    /// Whether the name is there at all, as a default colour, as a user's.
     [[nodiscard]] bool IsMember(const cow_String& name) const;
     [[nodiscard]] bool IsDefaultColor(const cow_String& name) const;
     [[nodiscard]] bool IsUserColor(const cow_String& name) const;

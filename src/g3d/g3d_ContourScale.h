@@ -14,6 +14,7 @@
 /// both ends of the range belong to it, and every value has the colour that the legend shows for it, to the last bit.
 class ORV_EXPORT g3d_ContourScale {
 public:
+    /// More bands are not made.
     static constexpr int MostBands = 256;
 
     /// What can be repaired is: an end that is not finite counts as 0, ends in the wrong order are swapped, and the
@@ -25,6 +26,7 @@ public:
     /// With bands of the caller's own colours, low to high; only the first 256 count. Without any, one white band.
     g3d_ContourScale(double low, double high, std::vector<g3d_Color> bandColors);
 
+    /// The ends of the range, and the number of bands, 1 to 256.
     [[nodiscard]] double Low() const noexcept { return _limits.front(); }
     [[nodiscard]] double High() const noexcept { return _limits.back(); }
     [[nodiscard]] int BandCount() const noexcept { return static_cast<int>(_bandColors.size()); }
@@ -41,6 +43,7 @@ public:
     /// Lives as long as the scale, and is changed by the setters.
     [[nodiscard]] const g3d_Color& Color(double value) const noexcept;
 
+    /// For values below the range, above it, and NaN.
     void SetBelowColor(const g3d_Color& color) noexcept { _below = color; }
     void SetAboveColor(const g3d_Color& color) noexcept { _above = color; }
     void SetNaNColor(const g3d_Color& color) noexcept { _nan = color; }

@@ -31,6 +31,7 @@ public:
 
     // ---- Tolerance
 
+    /// 1e-5 at first; what is strictly below it counts as zero in all of picking.
     [[nodiscard]] static double getTolerance() noexcept { return m_tolerance; }
     static void setTolerance(double tolerance) noexcept { m_tolerance = tolerance; }
 

@@ -12,8 +12,10 @@ class ORV_EXPORT g3d_Plane {
 public:
     /// Through (0, 0, 0, 1), with the normal (0, 0, 0): no plane yet.
     g3d_Plane() noexcept = default;
+    /// Through `point`, across `normal`.
     g3d_Plane(const g3d_Point& point, const g3d_Vector& normal) noexcept : _point(point), _normal(normal) {}
 
+    /// As given: the normal is of any length.
     [[nodiscard]] const g3d_Point& Point() const noexcept { return _point; }
     [[nodiscard]] const g3d_Vector& Normal() const noexcept { return _normal; }
 

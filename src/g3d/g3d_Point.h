@@ -19,12 +19,14 @@ class ORV_EXPORT g3d_Point {
 public:
     /// (0, 0, 0, 1).
     g3d_Point() noexcept = default;
+    /// Of these components, doubles rounded.
     g3d_Point(float x, float y, float z, float w = 1.0F) noexcept : _x(x), _y(y), _z(z), _w(w) {}
     g3d_Point(double x, double y, double z, double w = 1.0) noexcept
         : _x(static_cast<float>(x)), _y(static_cast<float>(y)), _z(static_cast<float>(z)), _w(static_cast<float>(w)) {}
 
     // ---- Components, as they stand: not divided by w
 
+    /// As stored, by value and by reference.
     [[nodiscard]] float X() const noexcept { return _x; }
     [[nodiscard]] float Y() const noexcept { return _y; }
     [[nodiscard]] float Z() const noexcept { return _z; }

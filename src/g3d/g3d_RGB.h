@@ -11,11 +11,13 @@
 
 /// Red, green, blue: 0 is no intensity, 65535 full intensity.
 typedef struct _RGB {
+    /// The channels.
     uint16_t r, g, b;
 } _RGB;
 
 /// Hue, saturation, value, each nominally in [0, 1]. Hue is a fraction of a full turn: 0 red, 1/3 green, 2/3 blue.
 typedef struct _HSV {
+    /// The components.
     float h, s, v;
 } _HSV;
 

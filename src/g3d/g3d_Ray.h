@@ -10,8 +10,10 @@ class ORV_EXPORT g3d_Ray {
 public:
     /// At (0, 0, 0, 1), without a direction.
     g3d_Ray() noexcept = default;
+    /// From `origin` along `direction`.
     g3d_Ray(const g3d_Point& origin, const g3d_Vector& direction) noexcept : _origin(origin), _direction(direction) {}
 
+    /// As given: the direction is of any length.
     [[nodiscard]] const g3d_Point& Origin() const noexcept { return _origin; }
     [[nodiscard]] const g3d_Vector& Direction() const noexcept { return _direction; }
 

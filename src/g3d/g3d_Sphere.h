@@ -9,8 +9,10 @@ class ORV_EXPORT g3d_Sphere {
 public:
     /// At (0, 0, 0, 1), of radius 0.
     g3d_Sphere() noexcept = default;
+    /// About `center`.
     g3d_Sphere(const g3d_Point& center, float radius) noexcept : _center(center), _radius(radius) {}
 
+    /// As given.
     [[nodiscard]] const g3d_Point& Center() const noexcept { return _center; }
     [[nodiscard]] float Radius() const noexcept { return _radius; }
 

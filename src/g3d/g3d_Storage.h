@@ -13,6 +13,7 @@ class ORV_EXPORT g3d_Storage {
 public:
     /// (0, 0, 0).
     constexpr g3d_Storage() noexcept = default;
+    /// Of these coordinates.
     constexpr g3d_Storage(double x, double y, double z) noexcept : _x(x), _y(y), _z(z) {}
 
     /// The difference a - b: from b to a.
@@ -22,10 +23,12 @@ public:
     /// Becomes a - b; either may be this.
     constexpr void Set(const g3d_Storage& a, const g3d_Storage& b) noexcept { *this = g3d_Storage(a, b); }
 
+    /// The coordinates.
     [[nodiscard]] constexpr double GetX() const noexcept { return _x; }
     [[nodiscard]] constexpr double GetY() const noexcept { return _y; }
     [[nodiscard]] constexpr double GetZ() const noexcept { return _z; }
 
+    /// Scales in place.
     constexpr g3d_Storage& operator*=(double factor) noexcept {
         return *this = g3d_Storage(_x * factor, _y * factor, _z * factor);
     }
@@ -41,11 +44,13 @@ private:
     double _z = 0.0;
 };
 
+/// a x b.
 [[nodiscard]] constexpr g3d_Storage g3d_Cross(const g3d_Storage& a, const g3d_Storage& b) noexcept {
     return {a.GetY() * b.GetZ() - a.GetZ() * b.GetY(), a.GetZ() * b.GetX() - a.GetX() * b.GetZ(),
             a.GetX() * b.GetY() - a.GetY() * b.GetX()};
 }
 
+/// a . b.
 [[nodiscard]] constexpr double g3d_Dot(const g3d_Storage& a, const g3d_Storage& b) noexcept {
     return a.GetX() * b.GetX() + a.GetY() * b.GetY() + a.GetZ() * b.GetZ();
 }

@@ -18,12 +18,14 @@ class ORV_EXPORT g3d_Vector {
 public:
     /// (0, 0, 0).
     g3d_Vector() noexcept = default;
+    /// Of these components, doubles rounded.
     g3d_Vector(float x, float y, float z) noexcept : _x(x), _y(y), _z(z) {}
     g3d_Vector(double x, double y, double z) noexcept
         : _x(static_cast<float>(x)), _y(static_cast<float>(y)), _z(static_cast<float>(z)) {}
 
     // ---- Components and length
 
+    /// By value and by reference.
     [[nodiscard]] float X() const noexcept { return _x; }
     [[nodiscard]] float Y() const noexcept { return _y; }
     [[nodiscard]] float Z() const noexcept { return _z; }
@@ -36,6 +38,7 @@ public:
 
     // ---- Change in place
 
+    /// Scales in place.
     g3d_Vector& operator*=(float factor) noexcept;
 
     /// Times the rounded reciprocal 1 / `divisor`: not always the bits of a division.
@@ -76,6 +79,7 @@ private:
     float _z = 0.0F;
 };
 
+/// Component by component.
 [[nodiscard]] inline g3d_Vector operator+(const g3d_Vector& a, const g3d_Vector& b) noexcept {
     return {a.X() + b.X(), a.Y() + b.Y(), a.Z() + b.Z()};
 }
@@ -88,6 +92,7 @@ private:
 /// Times the rounded reciprocal, as `/=`.
 [[nodiscard]] inline g3d_Vector operator/(g3d_Vector vector, float divisor) noexcept { return vector /= divisor; }
 
+/// a . b.
 [[nodiscard]] inline float g3d_Dot(const g3d_Vector& a, const g3d_Vector& b) noexcept {
     return a.X() * b.X() + a.Y() * b.Y() + a.Z() * b.Z();
 }

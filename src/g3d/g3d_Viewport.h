@@ -18,6 +18,7 @@ class g3d_Camera;
 /// rounded to float; the triple of doubles is what keeps the pixel.
 class ORV_EXPORT g3d_Viewport {
 public:
+    /// x, y and z.
     using Triple = std::array<double, 3>;
 
     /// Left and upper edge and size, in pixels. A viewport whose width or height is not positive shows nothing.

@@ -52,6 +52,7 @@ public:
     g3d_XForm& SetTranslate(const g3d_Vector& by) noexcept;
     g3d_XForm& SetTranslate(const g3d_Point& by) noexcept;
 
+    /// A diagonal matrix, replacing all elements.
     g3d_XForm& SetScale(float sx, float sy, float sz) noexcept;
 
     /// The rotation about `axis` through the origin, counter-clockwise seen from its tip. The identity when the angle
@@ -89,6 +90,7 @@ public:
     /// This matrix times that of `SetRotate`; unchanged where that is the identity for want of angle or axis.
     g3d_XForm& Rotate(float angleDegrees, const g3d_Vector& axis) noexcept;
 
+    /// In place.
     g3d_XForm& Transpose() noexcept;
 
     /// The adjugate, from 2x2 minors, times 1/determinant (in double, rounded to float). *A matrix whose determinant is
@@ -96,6 +98,7 @@ public:
     /// underflows to 0 counts as singular, one close to 0 gives large or infinite elements, a NaN one NaN.
     g3d_XForm& Invert() noexcept;
 
+    /// this = this * other.
     g3d_XForm& operator*=(const g3d_XForm& other) noexcept;
 
     // ---- Queries and transforming
@@ -126,6 +129,7 @@ private:
                              0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F, 0.0F, 1.0F};
 };
 
+/// The matrix product a b.
 [[nodiscard]] inline g3d_XForm operator*(g3d_XForm a, const g3d_XForm& b) noexcept { return a *= b; }
 
 inline g3d_XForm& g3d_XForm::operator*=(const g3d_XForm& other) noexcept {

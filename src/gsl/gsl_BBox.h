@@ -38,9 +38,11 @@ public:
 
     // ---- Corners and sizes
 
+    /// Opposite corners; low above high for an empty box.
     [[nodiscard]] const gsl_Point& Low() const noexcept { return _low; }
     [[nodiscard]] const gsl_Point& High() const noexcept { return _high; }
 
+    /// Whether it holds nothing.
     [[nodiscard]] bool IsEmpty() const noexcept;
 
     /// High minus low on the axis: negative where an empty box is inverted.

@@ -57,10 +57,12 @@ public:
     gsl_CoordTree& operator=(gsl_CoordTree&& other) noexcept;
     ~gsl_CoordTree();
 
+    /// Number of points.
     [[nodiscard]] unsigned Size() const noexcept;
 
     // ---- Insertion and removal
 
+    /// Adds one point, below the nodes that are there; the tree is not rebalanced. Indices need not differ.
     void Insert(const gsl_Point& point, unsigned index);
 
     /// Bulk insertion: point i gets the index i, or indices[i]. nex_RangeException when `indices` is shorter than
@@ -72,6 +74,7 @@ public:
     /// or -1 when there is none. The tree is not rebalanced.
     int Remove(const gsl_Point& point, double tol, int index);
 
+    /// Removes all points.
     void Clear() noexcept;
 
     // ---- Searches. An index from 2^31 on comes out of the operations that return int as a negative number.
@@ -101,6 +104,7 @@ public:
     // ---- Many searches in one call: result i answers point i. nex_RangeException, and nothing written, when a span of
     // results is shorter than that of the points.
 
+    /// As `Find`.
     void FindMany(std::span<const gsl_Point> points, double tol, std::span<int> indices) const;
 
     /// A distance is not written where the index is -1. The form without distances asks for indices only.

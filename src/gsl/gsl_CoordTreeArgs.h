@@ -9,8 +9,10 @@ struct gsl_CoordTreeNode;
 /// A work item of the stacks that stand in for recursion in `gsl_CoordTreeImpl`: a node and its depth and, while
 /// points are inserted, the range of points still to be placed under the node.
 struct gsl_CoordTreeArgs {
+    /// The bound of an axis on which no split is known yet.
     static constexpr double kUnbounded = -std::numeric_limits<double>::infinity();
 
+    /// The node, its depth, and the range.
     gsl_CoordTreeNode* node = nullptr;
     int depth = 0;
     unsigned start = 0;

@@ -19,6 +19,7 @@ struct gsl_CoordTreeArgs;
 /// The node at depth d splits on axis d modulo `dim`. Nothing recurses: a tree may be as deep as it has nodes.
 class ORV_EXPORT gsl_CoordTreeImpl {
 public:
+    /// Empty; `dim` is clamped to 1..3.
     explicit gsl_CoordTreeImpl(unsigned dim) noexcept;
     gsl_CoordTreeImpl(const gsl_CoordTreeImpl& other);
     gsl_CoordTreeImpl& operator=(const gsl_CoordTreeImpl& other);
@@ -26,17 +27,20 @@ public:
 
     /// Null for an empty tree.
     [[nodiscard]] const gsl_CoordTreeNode* GetRoot() const noexcept { return _root; }
+    /// Number of coordinates that the tree splits on, and number of points.
     [[nodiscard]] unsigned GetDim() const noexcept { return _dim; }
     [[nodiscard]] unsigned Size() const noexcept { return _count; }
 
     // ---- Changes
 
+    /// As of gsl_CoordTree.
     void Insert(const gsl_Point& point, unsigned index);
 
     /// Point i gets its position i as its index when `indices` is null. nex_RangeException, the tree as it was, when
     /// `indices` is too short or the tree would hold 2^31 points or more.
     void Insert(std::span<const gsl_Point> points, const cow_List<unsigned>* indices);
 
+    /// As of gsl_CoordTree.
     int Remove(const gsl_Point& point, double tol, int index);
     void Clear() noexcept;
 
@@ -45,11 +49,13 @@ public:
 
     // ---- Searches
 
+    /// As of gsl_CoordTree.
     [[nodiscard]] int Find(const gsl_Point& point, double tol) const;
 
     /// Appends to `indices`.
     void FindAll(const gsl_Point& point, double tol, std::vector<unsigned>& indices) const;
 
+    /// As of gsl_CoordTree.
     int FindClosest(const gsl_Point& point, double* dist) const;
     cow_List<unsigned> FindClosest(const gsl_Point& point, unsigned k, cow_List<double>* distances) const;
     cow_List<unsigned> FindInRadius(const gsl_Point& point, double radius, unsigned k,

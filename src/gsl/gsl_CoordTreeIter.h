@@ -15,6 +15,7 @@ struct gsl_CoordTreeNode;
 ///     for (gsl_CoordTreeIter all(tree); all.GetCurrent(point, index); all.Next()) ...
 class ORV_EXPORT gsl_CoordTreeIter {
 public:
+    /// Before the first point of a tree that must outlive it unchanged.
     explicit gsl_CoordTreeIter(const gsl_CoordTree& tree);
 
     /// The current point, with its identity, and its index; false at the end, nothing written.

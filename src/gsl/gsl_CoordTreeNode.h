@@ -12,8 +12,10 @@
 ///
 /// A search reads all of a node it comes to: the alignment puts it into one line of the cache.
 struct alignas(64) gsl_CoordTreeNode : gsl_CoordTreePt {
+    /// A leaf.
     explicit gsl_CoordTreeNode(const gsl_CoordTreePt& pt) noexcept : gsl_CoordTreePt(pt) {}
 
+    /// Whether there is nothing below.
     [[nodiscard]] bool IsLeaf() const noexcept { return left == nullptr && right == nullptr; }
 
     /// Whether every point below has exactly this one's coordinates, as in a chain of equal points; false when unknown.

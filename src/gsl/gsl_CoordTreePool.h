@@ -31,8 +31,10 @@ public:
         return &_blocks.back().emplace_back(pt);
     }
 
+    /// Keeps the node for the next call of `Make`.
     void Free(gsl_CoordTreeNode* node) noexcept { node->left = std::exchange(_free, node); }
 
+    /// Releases all nodes.
     void Clear() noexcept { *this = gsl_CoordTreePool(); }
 
 private:

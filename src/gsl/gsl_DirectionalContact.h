@@ -12,8 +12,9 @@ class gsl_Vector;
 
 /// How far one set of triangles travels until it touches another, and where.
 struct gsl_DirectionalContact {
-    double distance = 0.0;   ///< a length in model units, at least 0; 0 when they touch or overlap from the start
-    int fixedTriangle = -1;  ///< positions in the lists of triangles
+    double distance = 0.0;  ///< a length in model units, at least 0; 0 when they touch or overlap from the start
+    /// Positions in the lists of triangles.
+    int fixedTriangle = -1;
     int movableTriangle = -1;
     gsl_Point point;  ///< on the fixed triangle; where the two meet after the travel
 };

@@ -41,23 +41,29 @@ class ORV_EXPORT gsl_Dot {
 public:
     /// At the origin, from a point, both identifiers 0.
     gsl_Dot() noexcept = default;
+    /// At the origin, from a point, with these identifiers.
     gsl_Dot(int instanceId, int entityId) noexcept : _instanceId(instanceId), _entityId(entityId) {}
+    /// At `point`, both identifiers 0.
     explicit gsl_Dot(const gsl_Point& point, gsl_DotMethod method = gsl_DotMethod::gsl_FROM_POINT) noexcept
         : _point(point), _method(method) {}
 
     gsl_Dot(const gsl_Dot&) = default;
     gsl_Dot& operator=(const gsl_Dot&) = default;
     virtual ~gsl_Dot() = default;
+    /// A copy of the object's own class.
     [[nodiscard]] virtual std::unique_ptr<gsl_Dot> Copy() const;
 
+    /// The place.
     [[nodiscard]] const gsl_Point& Point() const noexcept { return _point; }
     /// Moves the point; its identity stays.
     void SetValues(double x, double y, double z) noexcept { _point.SetPos({x, y, z}); }
 
+    /// How it was defined.
     [[nodiscard]] gsl_DotMethod GetMethod() const noexcept { return _method; }
 
     /// The instance identifier.
     [[nodiscard]] int OwnerFeatID() const noexcept { return _instanceId; }
+    /// The identifier of the entity, beside that of the instance.
     [[nodiscard]] int EntityId() const noexcept { return _entityId; }
 
     /// Takes the place that the model's features now give. A plain dot depends on none: nothing happens, and the

@@ -8,8 +8,10 @@ class ORV_EXPORT gsl_Interval {
 public:
     /// From 0 to 0.
     constexpr gsl_Interval() noexcept = default;
+    /// From `lower` to `upper`.
     constexpr gsl_Interval(double lower, double upper) noexcept : _lower(lower), _upper(upper) {}
 
+    /// The bounds, as given.
     [[nodiscard]] constexpr double Lower() const noexcept { return _lower; }
     [[nodiscard]] constexpr double Upper() const noexcept { return _upper; }
 

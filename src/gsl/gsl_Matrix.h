@@ -81,8 +81,10 @@ public:
 
     // ---- Change in place
 
+    /// All elements and the state, as of a new matrix.
     void FillIdentity() noexcept { *this = gsl_Matrix(); }
 
+    /// The first three elements of the fourth column.
     void SetTranslation(const gsl_Vector& translation) noexcept { SetColumn(3, translation); }
 
     /// The first three elements of row or column `i`, 0 to 3; above 3 nothing happens.

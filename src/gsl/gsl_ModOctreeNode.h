@@ -17,6 +17,7 @@ public:
 
     /// 14
     [[nodiscard]] int GetChildCount() const override;
+    /// As of gsl_TriOctreeNode, with fourteen children a node.
     void BuildOctree(const gsl_BBox& box, int maxLevel) override;
 };
 

@@ -23,6 +23,7 @@ class ORV_EXPORT gsl_ModelSegment {
 public:
     /// Without points.
     gsl_ModelSegment() noexcept = default;
+    /// From the first point to the second.
     gsl_ModelSegment(const gsl_Dot& point1, const gsl_Dot& point2);
     gsl_ModelSegment(const gsl_ModelSegment&) = default;
     gsl_ModelSegment& operator=(const gsl_ModelSegment&) = default;

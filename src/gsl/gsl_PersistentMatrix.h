@@ -15,8 +15,10 @@ class cls_WriteVisitor;
 class ORV_EXPORT gsl_PersistentMatrix : public gsl_Matrix {
 public:
     gsl_PersistentMatrix() noexcept = default;
+    /// Elements and identity state, with the default identity.
     gsl_PersistentMatrix(const gsl_Matrix& matrix) noexcept : gsl_Matrix(matrix) {}
 
+    /// Elements and identity state; the identity stays.
     gsl_PersistentMatrix& operator=(const gsl_Matrix& matrix) noexcept {
         gsl_Matrix::operator=(matrix);
         return *this;

@@ -16,9 +16,11 @@ class ORV_EXPORT gsl_PersistentVector : public gsl_Vector {
 public:
     /// (0, 0, 1), as `gsl_Vector`.
     gsl_PersistentVector() noexcept = default;
+    /// With the default identity.
     gsl_PersistentVector(double x, double y, double z) noexcept : gsl_Vector(x, y, z) {}
     gsl_PersistentVector(const gsl_Vector& vector) noexcept : gsl_Vector(vector) {}
 
+    /// Components and cache; the identity stays.
     gsl_PersistentVector& operator=(const gsl_Vector& vector) noexcept {
         gsl_Vector::operator=(vector);
         return *this;

@@ -44,6 +44,7 @@ public:
     gsl_Plane(const gsl_Plane&) = default;
     gsl_Plane& operator=(const gsl_Plane&) = default;
     virtual ~gsl_Plane() = default;
+    /// A copy of the object's own class.
     [[nodiscard]] virtual std::unique_ptr<gsl_Plane> Copy() const;
 
     // ---- Geometry
@@ -65,11 +66,13 @@ public:
 
     // ---- Datum
 
+    /// How it was defined, and whether that gave a plane.
     [[nodiscard]] gsl_DirMethod Method() const noexcept { return _method; }
     [[nodiscard]] bool IsOk() const noexcept { return _ok; }
 
     /// Negates the stored normal and toggles the flag that `IsFlipped` tells.
     void FlipDirection() noexcept;
+    /// Whether the normal was flipped an odd number of times.
     [[nodiscard]] bool IsFlipped() const noexcept { return _flip; }
 
     /// The feature that owns the datum; 0 by default.

@@ -35,6 +35,7 @@ public:
     /// The origin.
     gsl_Point() noexcept = default;
 
+    /// With the default identity.
     gsl_Point(double x, double y, double z) noexcept : _xyz{x, y, z} {}
 
     /// From three contiguous numbers (`std::array<double, 3>` and `double[3]` convert).
@@ -52,6 +53,7 @@ public:
 
     // ---- Coordinates and identity
 
+    /// The coordinates. (Of y there are two names.)
     [[nodiscard]] double X() const noexcept { return _xyz[0]; }
     [[nodiscard]] double Y() const noexcept { return _xyz[1]; }
     [[nodiscard]] double Z() const noexcept { return _xyz[2]; }
@@ -88,6 +90,7 @@ public:
     /// In place: R p + t of the first three rows of `matrix`; the identity stays.
     void Transform(const gsl_Matrix& matrix) noexcept;
 
+    /// |p - q|.
     [[nodiscard]] double GetDistance(const gsl_Point& other) const noexcept;
 
     /// This point moved by `distance` along the unit of `direction`, with the default identity; a copy of this point
@@ -117,6 +120,7 @@ public:
 
     /// ((p - q) . n) / |n| for a plane through q: positive on the side to which the normal n points.
     [[nodiscard]] double GetSignedDistance(const gsl_Plane& plane) const noexcept;
+    /// Its absolute value.
     [[nodiscard]] double GetDistance(const gsl_Plane& plane) const noexcept;
 
     /// To where the ray from this point along `direction`, or against it, meets the plane; where it does not

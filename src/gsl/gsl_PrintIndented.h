@@ -8,6 +8,7 @@
 
 /// A label and the number behind it.
 struct gsl_LabelledNumber {
+    /// The two.
     const char* label;
     double value;
 };

@@ -13,6 +13,7 @@
 /// with this comparison; hashed containers need both: `std::unordered_set<gsl_Point, std::hash<gsl_Point>,
 /// gsl_SameCoordinates>`. To find points *near* each other a hash is the wrong tool.
 struct gsl_SameCoordinates {
+    /// Whether all coordinates are equal as numbers.
     template <class T>
     [[nodiscard]] bool operator()(const T& a, const T& b) const noexcept {
         return a.AsArray() == b.AsArray();

@@ -20,13 +20,16 @@ public:
     /// From the origin to the origin.
     gsl_Segment() noexcept = default;
 
+    /// From end to end.
     gsl_Segment(const gsl_Point& point1, const gsl_Point& point2) noexcept : _point1(point1), _point2(point2) {}
 
+    /// The ends.
     [[nodiscard]] const gsl_Point& Point1() const noexcept { return _point1; }
     [[nodiscard]] const gsl_Point& Point2() const noexcept { return _point2; }
 
     /// The second point minus the first.
     [[nodiscard]] gsl_Vector Direction() const noexcept { return _point2 - _point1; }
+    /// Of the direction.
     [[nodiscard]] double Length() const noexcept { return _point1.GetDistance(_point2); }
 
     /// The line that carries the segment, from its first point towards its second.

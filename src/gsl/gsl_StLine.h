@@ -64,6 +64,7 @@ public:
     gsl_StLine(const gsl_StLine&) = default;
     gsl_StLine& operator=(const gsl_StLine&) = default;
     virtual ~gsl_StLine() = default;
+    /// A copy of the object's own class.
     [[nodiscard]] virtual std::unique_ptr<gsl_StLine> Copy() const;
 
     // ---- Geometry
@@ -112,6 +113,7 @@ public:
 
     /// Of the line's point when the line is parallel to the plane; 0 otherwise, as they meet.
     [[nodiscard]] double GetSignedDistance(const gsl_Plane& plane) const noexcept;
+    /// Its absolute value.
     [[nodiscard]] double GetDistance(const gsl_Plane& plane) const noexcept;
 
     /// `gsl_Point::RayIntersect` from the line's point along its direction: true with that point when it is on the
@@ -120,11 +122,13 @@ public:
 
     // ---- Datum
 
+    /// How it was defined, and whether that gave a line.
     [[nodiscard]] gsl_LineMethod Method() const noexcept { return _method; }
     [[nodiscard]] bool IsOk() const noexcept { return _ok; }
 
     /// Negates the stored direction and toggles the flag that `IsFlipped` tells.
     void FlipDirection() noexcept;
+    /// Whether the direction was flipped an odd number of times.
     [[nodiscard]] bool IsFlipped() const noexcept { return _flip; }
 
     /// The direction as it was before it was flipped.

@@ -19,6 +19,7 @@
 /// destroyed with the tree. Not copyable; shared through `cow_CountedHld<gsl_TriOctree>`.
 class ORV_EXPORT gsl_TriOctree {
 public:
+    /// The kinds of nodes.
     enum OctreeNodeType : int {
         TRI_OCTREE_NODE = 0,  ///< gsl_TriOctreeNode, 8 children
         MOD_OCTREE_NODE = 1,  ///< gsl_ModOctreeNode, 14 children

@@ -47,10 +47,12 @@ public:
 
     // ---- Queries
 
+    /// 1 for the root.
     [[nodiscard]] int GetLevel() const noexcept { return _level; }
 
     /// Among the children of its parent; -1 for the root.
     [[nodiscard]] int GetIndex() const noexcept { return _index; }
+    /// The box of the node.
     [[nodiscard]] const gsl_BBox& GetBBox() const noexcept { return _box; }
 
     /// Null in a leaf and for an index that no child has.

@@ -54,6 +54,7 @@ public:
 
     // ---- Setting
 
+    /// Shares the lists; indices of triangles in the nodes are positions in them.
     void SetTriangles(const cow_List<gsl_Triangle>& fixed, const cow_List<gsl_Triangle>& movable);
 
     /// Of any length; shorter than LinTol finds nothing. (0, 0, 1) by default.

@@ -19,17 +19,20 @@ class ORV_EXPORT gsl_Triangle {
 public:
     /// Three times the origin, normal (0, 0, 0).
     gsl_Triangle() noexcept = default;
+    /// Of three corners, with their normal.
     gsl_Triangle(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3) noexcept {
         SetPoints(p1, p2, p3, true);
     }
 
     // ---- Queries
 
+    /// Corners are 0, 1, 2 (any other number is 2); twice the area is the length of the normal.
     [[nodiscard]] const gsl_Point& GetPoint(int corner) const noexcept { return _points[Number(corner)]; }
     [[nodiscard]] const gsl_Vector& GetNormal() const noexcept { return _normal; }
 
     /// Least and greatest coordinates, three each.
     void GetExtent(double* low, double* high) const noexcept;
+    /// The same as a box.
     [[nodiscard]] gsl_BBox GetBBox() const;
 
     // ---- Change in place

@@ -24,6 +24,7 @@ public:
     /// The same as `omi_Singleton<gsl_Util>::Instance()`.
     [[nodiscard]] static gsl_Util& Instance();
 
+    /// Of lengths in model units, of their squares, and of sines and small angles in radians.
     [[nodiscard]] static constexpr double LinTol() noexcept { return 1e-6; }
     [[nodiscard]] static constexpr double LinTolSq() noexcept { return 1e-12; }
     [[nodiscard]] static constexpr double AngTol() noexcept { return 1e-10; }

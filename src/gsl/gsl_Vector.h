@@ -43,6 +43,7 @@ public:
     /// (0, 0, 1), length 1 - not the zero vector.
     gsl_Vector() noexcept = default;
 
+    /// Length not known yet.
     gsl_Vector(double x, double y, double z) noexcept : _xyz{x, y, z}, _magnitude(Unknown) {}
 
     /// From three contiguous numbers (`std::array<double, 3>` and `double[3]` convert).
@@ -82,6 +83,7 @@ public:
         return std::get<I>(_xyz);
     }
 
+    /// Computed once and cached.
     [[nodiscard]] double Length() const noexcept;
 
     /// The cache squared when it is known, else x^2 + y^2 + z^2 without filling it.
@@ -94,10 +96,12 @@ public:
 
     // ---- Arithmetic
 
+    /// Component by component, length not known yet.
     [[nodiscard]] gsl_Vector operator+(const gsl_Vector& other) const noexcept;
     [[nodiscard]] gsl_Vector operator-(const gsl_Vector& other) const noexcept;
     [[nodiscard]] gsl_Vector operator*(double factor) const noexcept;
 
+    /// a . b and a x b.
     [[nodiscard]] double DotProduct(const gsl_Vector& other) const noexcept;
     [[nodiscard]] gsl_Vector CrossProduct(const gsl_Vector& other) const noexcept;
 
@@ -106,6 +110,7 @@ public:
 
     // ---- Change in place
 
+    /// In place.
     void Negate() noexcept;
     void Scale(double factor) noexcept;
 

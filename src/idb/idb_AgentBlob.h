@@ -31,11 +31,14 @@ public:
 
     /// The highest position written, or the bytes read from the stream.
     [[nodiscard]] unsigned Length() const override;
+    /// Bytes that fit, and where the next element is read or written.
     [[nodiscard]] unsigned Capacity() const noexcept { return static_cast<unsigned>(_buffer.size()); }
     [[nodiscard]] unsigned Position() const noexcept { return _position; }
+    /// True for a blob that is being written.
     [[nodiscard]] bool NeedsDeletion() const override;
     /// Of a blob for writing, a position beyond the length becomes the length.
     void Seek(unsigned position) override;
+    /// Forgets what was written.
     void Abandon() noexcept override;
 
 private:

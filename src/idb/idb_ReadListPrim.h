@@ -19,6 +19,7 @@ inline constexpr std::size_t idb_LeastSize = std::is_arithmetic_v<T> ? sizeof(T)
 template <class T>
 class idb_ReadListPrim final : public cls_ReadListPrim<T> {
 public:
+    /// Reads all values at once. Throws nex_StreamException for a count that the bytes cannot hold.
     explicit idb_ReadListPrim(bio_Ifilter& in) {
         const int count = in.ReadCount(idb_LeastSize<T>);
         in.Read(_columns);

@@ -35,6 +35,7 @@ private:
     idb_MapCursor<Entries> _cursor;
 };
 
+/// By the type of the key.
 using idb_ReadMapInt2Obj = idb_ReadMapObj<int>;
 using idb_ReadMapString2Obj = idb_ReadMapObj<cow_String>;
 

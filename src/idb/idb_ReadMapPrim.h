@@ -41,6 +41,7 @@ private:
 template <class K, class T>
 class idb_ReadMapPrim final : public cls_ReadMapPrim<K, T> {
 public:
+    /// Reads all entries at once. Throws nex_StreamException for counts that differ or that the bytes cannot hold.
     explicit idb_ReadMapPrim(bio_Ifilter& in) {
         for (int left = idb_ReadMapCount(in, idb_LeastSize<K> + idb_LeastSize<T>); left > 0; --left) {
             K key{};
@@ -62,8 +63,10 @@ private:
     idb_MapCursor<cow_Map<K, T>> _cursor;
 };
 
+/// By integers.
 template <class T>
 using idb_ReadMapInt2Prim = idb_ReadMapPrim<int, T>;
+/// By strings.
 template <class T>
 using idb_ReadMapString2Prim = idb_ReadMapPrim<cow_String, T>;
 

@@ -10,6 +10,7 @@
 template <class T>
 class idb_WriteListPrim final : public cls_WriteListPrim<T> {
 public:
+    /// Writes to `out` when it is destroyed.
     idb_WriteListPrim(bio_Ofilter* out, int columns) : _out(out), _columns(columns) {}
     ~idb_WriteListPrim() override {
         if (_out == nullptr) return;

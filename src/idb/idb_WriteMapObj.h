@@ -48,6 +48,7 @@ private:
     std::map<K, idb_Owned<idb_MementoWrite>> _entries;
 };
 
+/// By the type of the key.
 using idb_WriteMapInt2Obj = idb_WriteMapObj<int>;
 using idb_WriteMapString2Obj = idb_WriteMapObj<cow_String>;
 

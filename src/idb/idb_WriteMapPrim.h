@@ -8,6 +8,7 @@
 template <class K, class T>
 class idb_WriteMapPrim final : public cls_WriteMapPrim<K, T> {
 public:
+    /// Writes to `out` when it is destroyed.
     explicit idb_WriteMapPrim(bio_Ofilter* out) : _out(out) {}
     ~idb_WriteMapPrim() override {
         if (_out == nullptr) return;
@@ -33,8 +34,10 @@ private:
     cow_Map<K, T> _values;
 };
 
+/// By integers.
 template <class T>
 using idb_WriteMapInt2Prim = idb_WriteMapPrim<int, T>;
+/// By strings.
 template <class T>
 using idb_WriteMapString2Prim = idb_WriteMapPrim<cow_String, T>;
 

@@ -14,9 +14,11 @@ class cls_WriteVisitor;
 
 /// Record in the type table and registered name of the property attribute with values of type T.
 struct mdl_PropAttrRecord {
+    /// The record's index (0 is none) and the class's name.
     unsigned short index = 0;
     const char* name = nullptr;
 };
+/// The record of mdl_PropAttr<T>.
 template <class T>
 inline constexpr mdl_PropAttrRecord mdl_PropAttrRecordOf;
 template <>
@@ -50,6 +52,7 @@ class ORV_EXPORT mdl_PropAttr {
     static_assert(mdl_PropAttrRecordOf<T>.name != nullptr, "no property attribute has values of this type");
 
 public:
+    /// What `GetState` tells.
     using State = mdl_PropAttributeStateEnm;
 
     /// Zero, UNSET.
@@ -89,6 +92,7 @@ public:
 
     // ---- State
 
+    /// Where the value comes from.
     [[nodiscard]] State GetState() const noexcept { return _state; }
 
     /// The state only; the value stays, for UNSET and FREED too.
@@ -126,6 +130,7 @@ public:
     // ---- Identity
 
     [[nodiscard]] cls_Uid Uid() const noexcept { return _uid; }
+    /// Takes a fresh identity.
     void NewUid() noexcept { _uid = cls_Uid::AllocateUid(); }
 
     // ---- Persistence: value and state

@@ -15,6 +15,7 @@ class cls_WriteVisitor;
 /// than given; without a command text the message begins at the second part. Equal counts are told as too few.
 class ORV_EXPORT omu_ArgNumberErrorException : public omu_TypeErrorException {
 public:
+    /// Numbers of arguments, and the command that says them.
     omu_ArgNumberErrorException(int expected, int given, const cow_String& command);
 
     [[nodiscard]] omu_ArgNumberErrorException* Copy() const override;

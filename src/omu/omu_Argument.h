@@ -32,6 +32,7 @@ class omu_PrimDictionary;
 
 // ---- From C++
 
+/// An omu_PrimNumber of the argument's type.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(signed char value);
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(short value);
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(int value);
@@ -43,6 +44,7 @@ class omu_PrimDictionary;
 /// An omu_PrimString, as the next one and that of paths; null is the empty text.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const char* value);
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const cow_String& value);
+/// An omu_PrimComplex.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const OrvBasUtlFilePath& value);
 /// An omu_PrimTranslatedString.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const atr_String& value);
@@ -73,6 +75,7 @@ concept omu_Puttable = requires(const V& value) {
 // ---- To C++. True when `found` is what the target reads; the target is left alone otherwise. The match is strict: a
 // number is read only as the type it was made from, and no text is parsed.
 
+/// A number of exactly the target's type.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, signed char& target);
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, short& target);
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, int& target);
@@ -87,20 +90,24 @@ concept omu_Puttable = requires(const V& value) {
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, cow_String& target);
 /// A translated string.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, atr_String& target);
+/// A string, as a path.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, OrvBasUtlFilePath& target);
 /// Not checked against the rules for names.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_VelmorName& target);
+/// A complex number.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omi_complex& target);
 /// Any enumeration whose name is among the permissible ones of the target.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimEnumBase& target);
 /// A None; sets the target.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimNone& target);
+/// A type.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimType& target);
 /// A tuple or a list; a list is read as a tuple of its type character.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimTuple& target);
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimList& target);
 /// An array, or a tuple or list that an array can be made of.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimArray& target);
+/// A dictionary with such keys.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimDictionary<int>& target);
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimDictionary<cow_String>& target);
 /// A tuple or a list, each element of which the element type reads.
@@ -160,6 +167,7 @@ concept omu_Readable = (std::derived_from<T, omu_Primitive> || omu_ExpectedName<
 /// The target of one read, whatever its type.
 class omu_ArgumentSlot {
 public:
+    /// Refers to a target that must outlive it.
     template <omu_Readable T>
     explicit omu_ArgumentSlot(T& target) noexcept
         : _target(&target),
@@ -171,7 +179,9 @@ public:
                   return omu_ExpectedName<T>;
           }) {}
 
+    /// Reads `found` into the target; false, and nothing changed, when it is not what the target reads.
     [[nodiscard]] bool Take(const omu_Primitive& found) const { return _take(found, _target); }
+    /// What a message calls the target's type.
     [[nodiscard]] cow_String Expected() const { return _expected(_target); }
 
 private:

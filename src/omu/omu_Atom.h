@@ -23,6 +23,7 @@ public:
     /// Any place, in the table or not.
     explicit omu_Atom(std::uint32_t index) noexcept : _index(index) {}
 
+    /// The place in the table.
     [[nodiscard]] std::uint32_t Index() const noexcept { return _index; }
 
     /// The text, valid as long as the table; null at place 0. Throws nex_RangeException beyond the table.

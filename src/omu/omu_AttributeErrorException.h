@@ -21,8 +21,10 @@ enum omu_AttribErrorEnm : int {
 /// message not implemented yet".
 class ORV_EXPORT omu_AttributeErrorException : public nex_CommandException {
 public:
+    /// The message belongs to the kind; `text` is what it names.
     explicit omu_AttributeErrorException(omu_AttribErrorEnm kind, const cow_String& text = cow_String());
 
+    /// What went wrong.
     [[nodiscard]] omu_AttribErrorEnm Kind() const noexcept { return _kind; }
 
     [[nodiscard]] omu_AttributeErrorException* Copy() const override;

@@ -13,6 +13,7 @@ class cls_WriteVisitor;
 /// the two, so a command text carries its own separator ("Part; ").
 class ORV_EXPORT omu_KeywordErrorException : public omu_TypeErrorException {
 public:
+    /// The keyword that the command does not know.
     omu_KeywordErrorException(const cow_String& keyword, const cow_String& command);
 
     [[nodiscard]] omu_KeywordErrorException* Copy() const override;

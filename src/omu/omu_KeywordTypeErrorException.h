@@ -14,6 +14,7 @@ class cls_WriteVisitor;
 /// "name; found float, expecting int" without a command text, "Part['name']; found float, expecting int" with one.
 class ORV_EXPORT omu_KeywordTypeErrorException : public omu_TypeErrorException {
 public:
+    /// The keyword, the names of the types, the command.
     omu_KeywordTypeErrorException(const cow_String& keyword, const cow_String& expected, const cow_String& found,
                                   const cow_String& command);
 

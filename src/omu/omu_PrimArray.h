@@ -26,6 +26,7 @@ class omu_PrimArrayData;
 /// Threads: `operator[]` keeps what it lends, so that it counts as writing; `SetItem` writes all arrays that share.
 class ORV_EXPORT omu_PrimArray : public omu_PrimSequence {
 public:
+    /// Type of the elements.
     using DataTypeEnm = omu_PrimNumber::DataTypeEnm;
 
     /// No dimensions, and no type yet (-1).
@@ -63,6 +64,7 @@ public:
 
     // ---- Shape
 
+    /// 0 for an array that was never given a shape.
     [[nodiscard]] int ConstGetNumDimensions() const noexcept { return _state.dims.Length(); }
     /// Throws nex_RangeException outside 0..dimensions-1.
     [[nodiscard]] int ConstGetDimension(int i) const { return _state.dims.ConstGet(i); }
@@ -99,6 +101,7 @@ public:
     // ---- Items. Throws nex_RangeException for an index outside its dimension; beyond the last dimension an index is
     // 0. In more than four dimensions only items whose further indices are 0 are reached.
 
+    /// The item at these indices, and its number as a double.
     [[nodiscard]] omu_PrimNumber ConstGetItem(int i, int j = 0, int k = 0, int l = 0) const;
     [[nodiscard]] double ConstGetDouble(int i, int j = 0, int k = 0, int l = 0) const;
     /// FLOAT and DOUBLE as `omu_PrimNumber::AsInt`.

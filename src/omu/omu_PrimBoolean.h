@@ -7,11 +7,13 @@
 /// True or False.
 class ORV_EXPORT omu_PrimBoolean : public omu_Primitive {
 public:
+    /// ON or OFF.
     explicit omu_PrimBoolean(bool value) noexcept : omu_Primitive('b'), _value(value) {}
     /// A text would silently become true.
     template <class T>
     explicit omu_PrimBoolean(T*) = delete;
 
+    /// The truth value.
     [[nodiscard]] bool Value() const noexcept { return _value; }
 
     /// "Boolean".

@@ -8,8 +8,10 @@
 /// A complex number.
 class ORV_EXPORT omu_PrimComplex : public omu_Primitive {
 public:
+    /// The number.
     explicit omu_PrimComplex(const omi_complex& value) noexcept : omu_Primitive('x'), _value(value) {}
 
+    /// The number.
     [[nodiscard]] const omi_complex& Value() const noexcept { return _value; }
 
     /// "complex".

@@ -22,6 +22,7 @@ class ORV_EXPORT omu_PrimDictionary : public omu_PrimDictionaryBase {
     static_assert(std::is_same_v<K, int> || std::is_same_v<K, cow_String>);
 
 public:
+    /// Empty. The characters are those of `Type` and `Represents`.
     explicit omu_PrimDictionary(char type = '{', char represents = 'O');
     omu_PrimDictionary(const omu_PrimDictionary& other);
     omu_PrimDictionary(omu_PrimDictionary&&) noexcept = default;
@@ -47,7 +48,9 @@ public:
     /// Whether the key was there.
     bool Remove(KeyView key);
 
+    /// Number of entries.
     [[nodiscard]] int Length() const override { return static_cast<int>(_dict.size()); }
+    /// In ascending order.
     [[nodiscard]] cow_List<K> Keys() const;
 
     /// The value, until it is replaced or removed, or null.
@@ -117,6 +120,7 @@ public:
     using pointer = void;
     using reference = value_type;
 
+    /// At an entry of the map.
     explicit Iterator(typename Map::const_iterator at) noexcept : _at(at) {}
 
     [[nodiscard]] reference operator*() const noexcept { return {_at->first, *_at->second.Get()}; }

@@ -10,6 +10,7 @@ public:
     /// What the dictionary stands for on the scripting side: 'O' for a plain dictionary of objects.
     [[nodiscard]] char Represents() const noexcept { return _represents; }
 
+    /// Number of entries.
     [[nodiscard]] virtual int Length() const = 0;
 
     /// "dictionary".

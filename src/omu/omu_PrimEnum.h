@@ -24,16 +24,20 @@
 template <class E, int N = 1>
 class ORV_EXPORT omu_PrimEnum : public omu_PrimEnumBase {
 public:
+    /// A name of the table and its value.
     struct Row {
+        /// A null name ends the table.
         const char* name = nullptr;
         E value = E();
     };
 
+    /// Throws nex_CommandException for a value that the table lacks.
     explicit omu_PrimEnum(E value) : omu_PrimEnumBase(cow_String()) {
         if (!SetValue(value))
             ThrowCommand(atr("omu_PrimEnum(Enum) - Enum value not allowed: %d  Permissible: %s",
                              static_cast<int>(value), PermissibleValuesAsString().c_str()));
     }
+    /// Throws nex_CommandException for a name that the table lacks.
     explicit omu_PrimEnum(const cow_String& name) : omu_PrimEnumBase(cow_String()) {
         if (!SetValue(name))
             ThrowCommand(atr("omu_PrimEnum(const cow_String&) - str not allowed: %s  Permissible: %s", name.c_str(),
@@ -41,12 +45,14 @@ public:
     }
     /// Null counts as the empty name. Without this one a text would become a true `omu_PrimEnum<bool, 2>`.
     explicit omu_PrimEnum(const char* name) : omu_PrimEnum(cow_String(name)) {}
+    /// By the other's name. Throws nex_CommandException when the table lacks it.
     explicit omu_PrimEnum(const omu_PrimEnumBase& other) : omu_PrimEnumBase(cow_String()) {
         if (!SetValue(other.StringValue()))
             ThrowCommand(
                 atr("omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: %s", other.StringValue().c_str()));
     }
 
+    /// The value that the name stands for.
     [[nodiscard]] E Value() const noexcept { return _value; }
 
     /// The first row with this value. False, and nothing changed, when there is none.
@@ -54,6 +60,7 @@ public:
         return Take([value](const Row& row) { return row.value == value; });
     }
     using omu_PrimEnumBase::SetValue;
+    /// By name. False, and nothing changed, when the table lacks it.
     bool SetValue(const char* name) override {
         return name != nullptr && Take([name](const Row& row) { return std::string_view(row.name) == name; });
     }
@@ -67,6 +74,7 @@ public:
 
     /// Of the row i. Both throw nex_RangeException outside the table.
     [[nodiscard]] static const char* Name(int i) { return At(i).name; }
+    /// See `Name`.
     [[nodiscard]] static E Value(int i) { return At(i).value; }
 
     [[nodiscard]] cow_Map<cow_String, unsigned> PermissibleValues() const override {

@@ -10,8 +10,10 @@
 /// reads back where nothing says which it is, inside of tuples and dictionaries. `omu_PrimEnum` adds the list.
 class ORV_EXPORT omu_PrimEnumBase : public omu_Primitive {
 public:
+    /// By name alone.
     explicit omu_PrimEnumBase(const cow_String& name);
 
+    /// The name.
     [[nodiscard]] const cow_String& StringValue() const noexcept { return _stringValue; }
 
     /// The permissible names in ascending order: "OFF or ON", "DOUBLE, FLOAT, INT, SCHAR, SHORT or UINT"; the value's

@@ -13,6 +13,7 @@ public:
     /// Keeps a copy of `exception` in its dynamic class.
     explicit omu_PrimException(const nex_Exception& exception, const cow_String& traceback = cow_String());
 
+    /// The copy that the value keeps.
     [[nodiscard]] const nex_Exception& GetException() const noexcept { return *_exception; }
 
     /// The scripting layer's traceback; empty until it gives one.

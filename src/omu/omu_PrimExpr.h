@@ -7,8 +7,10 @@
 /// An expression of the scripting language, kept verbatim and never evaluated here.
 class ORV_EXPORT omu_PrimExpr : public omu_Primitive {
 public:
+    /// An expression for the scripting side to evaluate; here it is only text.
     explicit omu_PrimExpr(const cow_String& expr) : omu_Primitive('e'), _expr(expr) {}
 
+    /// The text.
     [[nodiscard]] const cow_String& Expr() const noexcept { return _expr; }
 
     /// "expression".

@@ -10,6 +10,7 @@ public:
     /// Not set.
     omu_PrimNone() noexcept : omu_Primitive('n') {}
 
+    /// The flag; once set it stays.
     [[nodiscard]] bool IsSet() const noexcept { return _isSet; }
     void Set() noexcept { _isSet = true; }
 

@@ -15,11 +15,13 @@ public:
     /// Stored by value; arrays use -1 for "no kind yet".
     enum DataTypeEnm : int { SCHAR = 0, SHORT = 1, INT = 2, FLOAT = 3, DOUBLE = 4, UINT = 5 };
 
+    /// The number and its kind.
     explicit omu_PrimNumber(signed char value) noexcept : omu_PrimNumber(value, SCHAR) {}
     explicit omu_PrimNumber(short value) noexcept : omu_PrimNumber(value, SHORT) {}
     explicit omu_PrimNumber(int value) noexcept : omu_PrimNumber(value, INT) {}
     /// 0 or 1, of kind INT.
     explicit omu_PrimNumber(bool value) noexcept : omu_PrimNumber(value ? 1 : 0, INT) {}
+    /// The number and its kind.
     explicit omu_PrimNumber(float value) noexcept : omu_PrimNumber(static_cast<double>(value), FLOAT) {}
     explicit omu_PrimNumber(double value) noexcept : omu_PrimNumber(value, DOUBLE) {}
     explicit omu_PrimNumber(unsigned value) noexcept : omu_Primitive('i'), _uvalue(value), _dataType(UINT) {}
@@ -41,6 +43,7 @@ public:
     /// The unsigned field: 0 for all other kinds.
     [[nodiscard]] unsigned AsUint() const noexcept { return _uvalue; }
 
+    /// The type that the number was made from.
     [[nodiscard]] DataTypeEnm DataType() const noexcept { return _dataType; }
 
     /// "int" or "float".

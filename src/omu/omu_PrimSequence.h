@@ -13,6 +13,7 @@ public:
 
     // ---- Elements
 
+    /// Number of elements.
     [[nodiscard]] virtual int Length() const = 0;
 
     /// Lends the element: how long, the class tells. Throws nex_RangeException outside 0..Length-1.

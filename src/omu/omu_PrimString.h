@@ -7,8 +7,10 @@
 /// A text: any bytes.
 class ORV_EXPORT omu_PrimString : public omu_Primitive {
 public:
+    /// The text, to be printed in quotes.
     explicit omu_PrimString(const cow_String& text) : omu_PrimString('s', text) {}
 
+    /// Without quotes.
     [[nodiscard]] const cow_String& Text() const noexcept { return _text; }
 
     /// "string".

@@ -9,6 +9,7 @@
 /// once more.
 class ORV_EXPORT omu_PrimTranslatedString : public omu_PrimString {
 public:
+    /// The text of `text`.
     explicit omu_PrimTranslatedString(const atr_String& text) : omu_PrimString('l', text.Text()) {}
 
     /// "tran_string".

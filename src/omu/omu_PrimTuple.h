@@ -185,6 +185,7 @@ public:
     using reference = const omu_Primitive&;
 
     Iterator() noexcept = default;
+    /// At the first holder from `at` on that is not empty.
     Iterator(const Holder* at, const Holder* end) noexcept : _at(at), _end(end) { SkipEmpty(); }
 
     [[nodiscard]] reference operator*() const noexcept { return *_at->Get(); }

@@ -7,6 +7,7 @@
 /// A type of the scripting language, by its name.
 class ORV_EXPORT omu_PrimType : public omu_Primitive {
 public:
+    /// The name of a type of the scripting side.
     explicit omu_PrimType(const cow_String& name) : omu_Primitive('t'), _typeString(name) {}
 
     /// As given: not `TypeString()`.

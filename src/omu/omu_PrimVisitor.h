@@ -29,6 +29,7 @@ class ORV_EXPORT omu_PrimVisitor {
 public:
     virtual ~omu_PrimVisitor();
 
+    /// A value of that class; nothing is done here.
     virtual void VisitNumber(const omu_PrimNumber&) {}
     virtual void VisitString(const omu_PrimString&) {}
     virtual void VisitTranslatedString(const omu_PrimTranslatedString&) {}
@@ -39,6 +40,7 @@ public:
     virtual void VisitType(const omu_PrimType&) {}
     /// Every enumeration but `omu_PrimBool<2>`.
     virtual void VisitEnum(const omu_PrimEnumBase&) {}
+    /// A value of that class; nothing is done here.
     virtual void VisitBool(const omu_PrimBool<2>&) {}
     virtual void VisitTuple(const omu_PrimTuple&) {}
     virtual void VisitList(const omu_PrimList&) {}

@@ -63,6 +63,7 @@ public:
     /// The class identifier of the dynamic class.
     [[nodiscard]] virtual unsigned DynTypeId() const = 0;
 
+    /// One character for the kind of value, as the constructors of the classes tell it.
     [[nodiscard]] char Type() const noexcept { return _type; }
     [[nodiscard]] bool IsType(char type) const noexcept { return _type == type; }
 

@@ -28,11 +28,13 @@ enum omu_RangeKindEnm : int { omu_IntegerRange = 1, omu_FloatRange = 2 };
 /// every locale ("%.15g"), and that text is what is printed, stored and converted back.
 class ORV_EXPORT omu_RangeErrorException : public nex_CommandException {
 public:
+    /// The name of what is out of range, and the range. A limit without a qualifier counts as none.
     omu_RangeErrorException(const cow_String& name, int lower, omu_RangeQualifierEnm lowerQualifier, int higher,
                             omu_RangeQualifierEnm higherQualifier);
     omu_RangeErrorException(const cow_String& name, double lower, omu_RangeQualifierEnm lowerQualifier, double higher,
                             omu_RangeQualifierEnm higherQualifier);
 
+    /// What the constructor was given.
     [[nodiscard]] const cow_String& Name() const noexcept { return _name; }
     [[nodiscard]] omu_RangeKindEnm Kind() const noexcept { return _kind; }
     [[nodiscard]] omu_RangeQualifierEnm LowerQualifier() const noexcept { return _lowerQualifier; }

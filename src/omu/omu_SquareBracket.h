@@ -13,6 +13,7 @@ public:
     explicit omu_SquareBracket(const cow_String& key);
     explicit omu_SquareBracket(const char* key);
 
+    /// The text with its brackets.
     [[nodiscard]] const cow_String& AsString() const noexcept { return _text; }
 
 private:

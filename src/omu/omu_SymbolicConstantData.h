@@ -25,6 +25,7 @@ public:
     /// What the hook throws comes through; the constant stays registered.
     omu_SymbolicConstantData(const cow_String& name, unsigned id, bool suppressScriptingObject);
 
+    /// The number that the table knows it by.
     [[nodiscard]] unsigned getId() const noexcept { return _id; }
 
     /// The name in the table; an empty one is told. Throws nex_RangeException, as the table's `GetString`.

@@ -30,6 +30,7 @@ public:
     /// Makes the scripting-side object of a new constant. It may register further constants.
     using Hook = void (*)(const cow_String& name, unsigned id);
 
+    /// The name with the identifier 0.
     static constexpr const char* unspecified = "_UNSPECIFIED";
 
     /// The same as `omi_Singleton<omu_SymbolicConstantTable>::Instance()`.
@@ -40,6 +41,7 @@ public:
 
     /// Number of names.
     [[nodiscard]] unsigned Size() const noexcept { return static_cast<unsigned>(_names.Length()); }
+    /// In order of their identifiers.
     [[nodiscard]] const cow_List<cow_String>& Names() const noexcept { return _names; }
 
     /// The registered values; parallel to the names as long as only omu_SymbolicConstantData writes here.

@@ -16,8 +16,10 @@ extern template class ORV_EXPORT omi_Singleton<omu_TextRepr>;
 /// Threads: the scripting thread only.
 class ORV_EXPORT omu_TextRepr {
 public:
+    /// The one object; made on use.
     [[nodiscard]] static omu_TextRepr& Instance();
 
+    /// 1 for the short form; see `IsSimpleStyle`.
     [[nodiscard]] int GetSimpleStyle() const noexcept { return _simpleStyle; }
     void SetSimpleStyle(int style) noexcept { _simpleStyle = style; }
     /// For 1 alone, not for other values than 0.
@@ -27,15 +29,19 @@ public:
     [[nodiscard]] int GetMaxRecursion() const noexcept { return _maxRecursion; }
     void SetMaxRecursion(int depth) noexcept { _maxRecursion = depth; }
 
+    /// Elements of a sequence that are printed.
     [[nodiscard]] int GetMaxElementsInSequence() const noexcept { return _maxElementsInSequence; }
     void SetMaxElementsInSequence(int count) noexcept { _maxElementsInSequence = count; }
 
+    /// Length of a printed text, in megabytes.
     [[nodiscard]] int GetMaxReprStringSize() const noexcept { return _maxReprStringSize; }
     void SetMaxReprStringSize(int megabytes) noexcept { _maxReprStringSize = megabytes; }
 
+    /// What is smaller in magnitude prints as zero.
     [[nodiscard]] double GetZeroTolerance() const noexcept { return _zeroTolerance; }
     void SetZeroTolerance(double tolerance) noexcept { _zeroTolerance = tolerance; }
 
+    /// Of printed floats.
     [[nodiscard]] int GetSignificantDigits() const noexcept { return _significantDigits; }
     void SetSignificantDigits(int digits) noexcept { _significantDigits = digits; }
 
@@ -44,9 +50,11 @@ public:
     [[nodiscard]] cow_String GetMaxRecursionString(const char* exposedTypeName = nullptr) const;
     void SetMaxRecursionString(const cow_String& text) { _maxRecursionString = text; }
 
+    /// Whether members and methods that are internal are printed.
     [[nodiscard]] bool GetInternalMembersAndMethods() const noexcept { return _internalMembersAndMethods; }
     void SetInternalMembersAndMethods(bool printed) noexcept { _internalMembersAndMethods = printed; }
 
+    /// Whether members and methods are printed in order of their names.
     [[nodiscard]] bool GetSortedMembersAndMethods() const noexcept { return _sortedMembersAndMethods; }
     void SetSortedMembersAndMethods(bool sorted) noexcept { _sortedMembersAndMethods = sorted; }
 

@@ -21,8 +21,10 @@ enum omu_VelNameErrorEnm : int {
 /// kind of the error, not the name; it is empty for a kind that is not listed.
 class ORV_EXPORT omu_VelNameErrorException : public nex_CommandException {
 public:
+    /// The message belongs to the kind.
     explicit omu_VelNameErrorException(omu_VelNameErrorEnm kind);
 
+    /// What is wrong with the name.
     [[nodiscard]] omu_VelNameErrorEnm Kind() const noexcept { return _kind; }
 
     [[nodiscard]] omu_VelNameErrorException* Copy() const override;

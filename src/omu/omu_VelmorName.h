@@ -44,6 +44,7 @@ public:
     /// Must not match: the model-name characters, which are the same but for the colon and the blank.
     static constexpr const char* modelNamePattern = R"([\$\\&\*~!\(\)\[\]\{\}\|;\'\`\<>\?\/.])";
 
+    /// Longest names of the kinds, in bytes: kernel, user interface, XY data.
     [[nodiscard]] static constexpr int MaxKerNameSize() noexcept { return 80; }
     [[nodiscard]] static constexpr int MaxGuiNameSize() noexcept { return 38; }
     [[nodiscard]] static constexpr int MaxXyNameSize() noexcept { return 256; }
@@ -60,6 +61,7 @@ public:
     omu_VelmorName(const cow_String& name, omu_VelmorNameEnum kind);
     omu_VelmorName(const char* name, omu_VelmorNameEnum kind);
 
+    /// The name.
     [[nodiscard]] const cow_String& AsString() const noexcept { return _name; }
 
     // ---- Repair of names that come from elsewhere; nothing here throws but for want of memory

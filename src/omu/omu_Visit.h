@@ -25,8 +25,10 @@
 template <class... F>
 class omu_LambdaVisitor : public omu_PrimVisitor {
 public:
+    /// From a lambda for each class that counts.
     explicit omu_LambdaVisitor(F&&... f) : _call{std::forward<F>(f)...} {}
 
+    /// Whether a lambda took the value.
     [[nodiscard]] bool Taken() const noexcept { return _taken; }
 
     void VisitNumber(const omu_PrimNumber& v) override { Take(v); }

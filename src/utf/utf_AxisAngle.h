@@ -7,6 +7,7 @@
 
 /// A turn by an angle about an axis through the origin, right-handed.
 struct utf_AxisAngle {
+    /// Axis (a unit where it is a result) and angle.
     gsl_Vector axis;
     double angleRadians = 0.0;
 };

@@ -31,6 +31,7 @@ public:
     // ---- Construction. A count below 1 is 0; a null pointer gives zeros that the object owns. `engineeringShear`: the
     // shears among the numbers are twice the tensor's.
 
+    /// Owns a copy of the values.
     utf_EngineeringData(res_DataTypeEnm kind, const cow_List<T>& values, bool engineeringShear = false);
     utf_EngineeringData(res_DataTypeEnm kind, const T* values, int count, bool engineeringShear = false);
 
@@ -52,6 +53,7 @@ public:
 
     // ---- Queries
 
+    /// What the constructor was given; whether the components are owned or a caller's.
     [[nodiscard]] res_DataTypeEnm type() const noexcept { return _kind; }
     [[nodiscard]] int count() const noexcept { return _count; }
     [[nodiscard]] bool ownsComponents() const noexcept { return _ownsComponents; }

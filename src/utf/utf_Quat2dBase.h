@@ -12,9 +12,11 @@ class gsl_Vector;
 template <class T>
 class utf_Quat2dBase {
 public:
+    /// A view of two components, z and w, which must outlive it; and back.
     utf_Quat2dBase(T* components) noexcept : _q(components) {}
     operator T*() const noexcept { return _q; }
 
+    /// The components.
     [[nodiscard]] T Z() const noexcept { return _q[0]; }
     [[nodiscard]] T W() const noexcept { return _q[1]; }
 
@@ -42,6 +44,7 @@ public:
 
     // ---- Change
 
+    /// (0, 1).
     void setIdentity() const noexcept;
 
     /// From the angle about the 3-axis that `gsl_Matrix::GetRotationAngles` finds in the matrix of x, y and the 3-axis

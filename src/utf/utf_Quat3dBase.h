@@ -16,10 +16,11 @@ class gsl_Vector;
 template <class T>
 class utf_Quat3dBase {
 public:
-    // Implicit on purpose, both ways.
+    /// A view of four components, x, y, z and w, which must outlive it; and back. Implicit on purpose, both ways.
     utf_Quat3dBase(T* components) noexcept : _q(components) {}
     operator T*() const noexcept { return _q; }
 
+    /// The components.
     [[nodiscard]] T X() const noexcept { return _q[0]; }
     [[nodiscard]] T Y() const noexcept { return _q[1]; }
     [[nodiscard]] T Z() const noexcept { return _q[2]; }
@@ -28,6 +29,7 @@ public:
     // ---- Direction cosines: row i is local axis i in global coordinates (the transpose of the matrix that turns
     // global vectors by the quaternion).
 
+    /// By row and column.
     [[nodiscard]] T R11() const noexcept { return Narrow(Squares(0, 1, 2)); }
     [[nodiscard]] T R12() const noexcept { return Narrow(2.0 * (Product(0, 1) + Product(2, 3))); }
     [[nodiscard]] T R13() const noexcept { return Narrow(2.0 * (Product(0, 2) - Product(1, 3))); }
@@ -55,6 +57,7 @@ public:
 
     // ---- Change
 
+    /// (0, 0, 0, 1).
     void setIdentity() const noexcept;
 
     /// From three axes, as `utf_getquat` converts them: of a left-handed frame the second axis is turned round. Axes

@@ -124,6 +124,7 @@ private:
         if (kind == res_QUATERNION_2D) return {Z(), W(), T(0), T(0)};
         return {X(), Y(), Z(), W()};
     }
+    /// See utf_Quat3dBase.
     [[nodiscard]] T Cosine(int i, int j) const noexcept {
         T c[3][3];
         cosines(c);

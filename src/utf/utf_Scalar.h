@@ -11,6 +11,7 @@ class utf_Scalar final : public utf_EngineeringData<T> {
 public:
     /// The first of the list; 0 when it is empty.
     utf_Scalar(res_DataTypeEnm kind, const cow_List<T>& values, bool engineeringShear = false);
+    /// One number, copied.
     utf_Scalar(res_DataTypeEnm kind, const T* value, bool engineeringShear = false);
     /// Wraps the caller's number.
     utf_Scalar(res_DataTypeEnm kind, T* value, bool engineeringShear = false);
@@ -23,6 +24,7 @@ public:
 
     [[nodiscard]] utf_Scalar* Copy() const override;
 
+    /// The one component.
     [[nodiscard]] T value() const noexcept { return this->constGet(0); }
 
 private:

@@ -21,10 +21,12 @@ public:
     /// multiple of numComponents(kind). No components are no tensors: nothing is written then.
     utf_TensorBatch(res_DataTypeEnm kind, std::span<const T> packed, bool engineeringShear = false);
 
+    /// Number of tensors.
     [[nodiscard]] std::size_t count() const noexcept { return _packed.size() / _stride; }
 
     // ---- Measures: n values each; see utf_Tensor.
 
+    /// One value a tensor. Throws nex_PrimException, before anything is written, when `out` is not of that size.
     void pressure(std::span<T> out) const;
     void mises(std::span<T> out) const;
     void tresca(std::span<T> out) const;

@@ -41,6 +41,7 @@ public:
     /// Whether standard error is a terminal.
     [[nodiscard]] static bool IsOnTerminal() noexcept;
 
+    /// Seconds since some moment, never running back.
     [[nodiscard]] static double SteadyClockSeconds();
 
     void FacilityMessage(const atr_String& message, int level, int first, int second, omu_PrimTuple& data,

@@ -46,6 +46,7 @@ enum class wip_MessageKindEnm : int {
 ///
 /// Copies share texts and data, which do not change; they may be used on distinct threads.
 struct ORV_EXPORT wip_Message {
+    /// Which of them are in use: see the table.
     wip_MessageKindEnm kind = wip_MessageKindEnm::Print;
     atr_String text{};
     atr_String detail{};

@@ -14,6 +14,7 @@ public:
     /// From any thread, and from a signal handler.
     void SetInterrupted(bool interrupted = true) noexcept { _interrupted = interrupted; }
 
+    /// Each takes its message.
     void Error(const atr_String& message, wip_errorLevelEnm level, OrvBasStringMode mode) override;
     void Warning(const atr_String& message, OrvBasStringMode mode) override;
     void ErrorList(const cow_List<atr_String>& messages, wip_errorLevelEnm level, OrvBasStringMode mode) override;
@@ -22,6 +23,7 @@ public:
     /// Throws what copying `data` throws, before anything is taken.
     void FacilityMessage(const atr_String& message, int level, int first, int second, omu_PrimTuple& data,
                          OrvBasStringMode mode) override;
+    /// Takes the message.
     void Verbose(const atr_String& message, OrvBasStringMode mode) override;
     void Milestone(const atr_String& message, int percent, OrvBasStringMode mode) override;
     void Milestone(const atr_String& message, const atr_String& detail, int first, int second,
@@ -33,6 +35,7 @@ public:
 
     /// 1 while interrupted, else 0.
     [[nodiscard]] int Interrupted() override;
+    /// Takes the call.
     void CommandDone() override;
 
     /// nex_PrimException "interrupted" while interrupted.

@@ -10,6 +10,7 @@
 ///     const wip_ScopedReporter attached(console);
 class [[nodiscard]] wip_ScopedReporter {
 public:
+    /// Attaches `reporter`, which must outlive the scope.
     explicit wip_ScopedReporter(wip_WipReporter& reporter) : _reporter(reporter) {
         wip_WIP::Instance().SetWipReporter(&reporter);
     }

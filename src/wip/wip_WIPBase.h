@@ -35,6 +35,7 @@ public:
 
     // ---- Messages
 
+    /// Each forwards to the reporter; see wip_WipReporter. Throws nex_PrimException, "WipReporter != 0", without one.
     void Error(const atr_String& message, wip_errorLevelEnm level, OrvBasStringMode mode) const;
     void Warning(const atr_String& message, OrvBasStringMode mode) const;
     void ErrorList(const cow_List<atr_String>& messages, wip_errorLevelEnm level, OrvBasStringMode mode) const;

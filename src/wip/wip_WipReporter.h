@@ -20,6 +20,7 @@ class ORV_EXPORT wip_WipReporter {
 public:
     virtual ~wip_WipReporter() = default;
 
+    /// Something failed, or may surprise; the list forms are of messages that belong together.
     virtual void Error(const atr_String& message, wip_errorLevelEnm level, OrvBasStringMode mode) = 0;
     virtual void Warning(const atr_String& message, OrvBasStringMode mode) = 0;
     virtual void ErrorList(const cow_List<atr_String>& messages, wip_errorLevelEnm level, OrvBasStringMode mode) = 0;
@@ -39,6 +40,7 @@ public:
     virtual void FacilityMessage(const atr_String& message, int level, int first, int second, omu_PrimTuple& data,
                                  OrvBasStringMode mode);
 
+    /// Details for those who ask for them.
     virtual void Verbose(const atr_String& message, OrvBasStringMode mode) = 0;
 
     /// The job has come so far, in percent.
@@ -49,12 +51,14 @@ public:
     /// A job begins, or does something else; an empty message: it is finished.
     virtual void Milestone(const atr_String& message, OrvBasStringMode mode) = 0;
 
+    /// A landmark of the job's log, a line of output, a text to be shown to the user.
     virtual void Landmark(const atr_String& message, OrvBasStringMode mode) = 0;
     virtual void Print(const atr_String& message, OrvBasStringMode mode) = 0;
     virtual void Display(const atr_String& message, OrvBasStringMode mode) = 0;
 
     /// Whether the user wants the command to stop; 0: no.
     [[nodiscard]] virtual int Interrupted() = 0;
+    /// A command has ended.
     virtual void CommandDone() = 0;
     /// Throws, if the user wants the command to stop.
     virtual void InterruptedThrow() = 0;
