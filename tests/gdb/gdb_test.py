@@ -50,7 +50,7 @@ class Printers(unittest.TestCase):
             flags += ["-fstandalone-debug" if "clang" in COMPILER else "-femit-class-debug-always"]
             subprocess.run([COMPILER, *flags, ROOT / "tests/gdb/main.cpp", LIBRARY, "-o", program], check=True)
             commands = ["set debuginfod enabled off", f"source {ROOT}/tools/gdb/orvlumgeom_gdb.py"]
-            commands += ["break Stop", "run", "up"]
+            commands += ["break -qualified Stop", "run", "up"]
             commands += [f"print {name}" for name in SHOWN]
             options = [option for command in commands for option in ("-ex", command)]
             command = ["gdb", "-nx", "-batch", *options, program]
