@@ -1,5 +1,6 @@
 // Prints what is in a model stream: class, field, value and offset of each record.
 
+#include "../stress_report/host_ModelFile.h"
 #include "../support/host_ReadFile.h"
 #include "../support/host_Session.h"
 
@@ -32,6 +33,7 @@ int main(int argc, char** argv) {
     }
     try {
         const host_Session session;
+        host_RegisterClasses();
         bio_Ifilter in(host_ReadFile(argv[1]));
         idb_Dump(std::cout, in, cls_MetadataRegistrar::Instance().Registrar(), maxRecords);
         std::cout.flush();

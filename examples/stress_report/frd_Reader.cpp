@@ -19,7 +19,8 @@ constexpr std::size_t dataColumn = 4;  // data lines: a blank and a mark of two 
 
 class Reader {
 public:
-    Reader(std::string_view text, std::ostream& notes) : _rest(text), _notes(notes) {}
+    Reader(std::string_view text, std::ostream& notes, const std::function<void(float)>& progress)
+        : _rest(text), _size(text.size()), _notes(notes), _progress(progress) {}
 
     frd_Model Read();
 
@@ -43,7 +44,9 @@ private:
     [[nodiscard]] std::size_t IndexOfNode(int number) const;
 
     std::string_view _rest;
+    std::size_t _size;
     std::ostream& _notes;
+    const std::function<void(float)>& _progress;
     frd_Line _line;
     std::size_t _lineNumber = 0;
     std::size_t _integerWidth = 10;  // of node and element numbers on data lines: 5 in the short format
@@ -59,6 +62,9 @@ void Reader::NextLine() {
     _line = frd_Line(text, ++_lineNumber);
     if (std::ranges::any_of(text, IsForeign)) _line.Refuse("not text");
     _rest.remove_prefix(end == std::string_view::npos ? _rest.size() : end + 1);
+    constexpr std::size_t linesPerReport = 10000;
+    if (_progress && _lineNumber % linesPerReport == 0)
+        _progress(1.0F - static_cast<float>(_rest.size()) / static_cast<float>(_size));
 }
 
 frd_Model Reader::Read() {
@@ -232,4 +238,6 @@ std::size_t Reader::IndexOfNode(int number) const {
 
 }  // namespace
 
-frd_Model frd_Read(const std::string& text, std::ostream& notes) { return Reader(text, notes).Read(); }
+frd_Model frd_Read(const std::string& text, std::ostream& notes, const std::function<void(float)>& progress) {
+    return Reader(text, notes, progress).Read();
+}

@@ -3,6 +3,7 @@
 
 #include "frd_Model.h"
 
+#include <functional>
 #include <iosfwd>
 #include <stdexcept>
 #include <string>
@@ -20,6 +21,10 @@ public:
 /// without a place) is left out, with a note on `notes`. Throws frd_Error when the file is no such file, is in a binary
 /// format, ends early, contradicts its own counts, or has elements at nodes that it does not place. Positions must be
 /// finite; a result may be infinite or not a number, also where the solver could only print asterisks.
-[[nodiscard]] frd_Model frd_Read(const std::string& text, std::ostream& notes);
+///
+/// `progress`, when there is one, is told from time to time which part of the text is read; what it throws passes
+/// through.
+[[nodiscard]] frd_Model frd_Read(const std::string& text, std::ostream& notes,
+                                 const std::function<void(float part)>& progress = {});
 
 #endif

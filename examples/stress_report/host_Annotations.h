@@ -1,31 +1,29 @@
 #ifndef ORV_STRESS_REPORT_HOST_ANNOTATIONS_H
 #define ORV_STRESS_REPORT_HOST_ANNOTATIONS_H
 
-#include "frd_Model.h"
+#include "host_Scene.h"
 
 #include <annC/annC_AnnotationContainer.h>
-#include <g3d/g3d_ContourScale.h>
 
-#include <vector>
+#include <cstddef>
+#include <string>
 
-/// The length of the displacement at each node; NaN where there is none, and everywhere without displacements (null).
-[[nodiscard]] std::vector<double> host_DisplacementLengths(const frd_Model& model, const frd_Result* displacements);
-
-/// Twelve bands over the lengths that are finite; grey for the others.
-[[nodiscard]] g3d_ContourScale host_Legend(const std::vector<double>& lengths);
-
-/// Where the legend's boxes are: in millimetres from the lower left corner of the picture to that of the lowest box.
-struct host_LegendPlace {
-    static constexpr double left = 3.0;
-    static constexpr double bottom = 4.5;
-    static constexpr double boxWidth = 5.0;
-    static constexpr double boxHeight = 4.0;
+struct host_Captions {
+    std::string title;
+    std::string subtitle;
+    std::string quantity;  ///< over the legend
+    std::string unit;      ///< after it, if not empty
 };
 
-/// A title, the limits of the legend, and an arrow with a label at the node with the greatest displacement; the title
-/// alone where there is no displacement.
-[[nodiscard]] annC_AnnotationContainer host_Annotations(const frd_Model& model, const frd_Result* displacements,
-                                                        const std::vector<double>& lengths,
-                                                        const g3d_ContourScale& legend);
+/// Whether there is any finite value to tell the colour of.
+[[nodiscard]] bool host_HasLegend(const host_Scene& scene);
+
+/// The title, the texts of the legend, the axes as the scene's camera sees them, and an arrow with a label at a node: a
+/// model point, so that it follows the model. The label is put where it covers little of the model and nothing else;
+/// the arrow is dashed when the node is hidden. No arrow when there is no such node or the camera does not see it.
+///
+/// Only positions, values, faces, range and camera of the scene count; the camera's window has the picture's shape.
+[[nodiscard]] annC_AnnotationContainer host_Annotations(const host_Scene& scene, const host_Captions& captions,
+                                                        std::size_t greatestNode, const std::string& greatestLabel);
 
 #endif

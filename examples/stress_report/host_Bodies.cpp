@@ -1,6 +1,6 @@
 #include "host_Bodies.h"
 
-#include "frd_Skin.h"
+#include <gsl/gsl_Triangle.h>
 
 #include <map>
 #include <numeric>
@@ -23,9 +23,17 @@ private:
     std::vector<std::size_t> _parents;
 };
 
+cow_List<gsl_Triangle> Triangles(const host_Body& body, const std::vector<gsl_Point>& positions) {
+    std::vector<gsl_Triangle> triangles;
+    triangles.reserve(body.triangles.size());
+    for (const auto& [a, b, c] : body.triangles) triangles.emplace_back(positions[a], positions[b], positions[c]);
+    return cow_List<gsl_Triangle>(std::move(triangles));
+}
+
 }  // namespace
 
-std::vector<host_Body> host_Bodies(const frd_Model& model, const cow_List<unsigned>& kept) {
+std::vector<host_Body> host_Bodies(const frd_Model& model, const std::vector<host_Face>& skin,
+                                   const cow_List<unsigned>& kept) {
     Components components(model.nodes.size());
     for (std::size_t node = 0; node < model.nodes.size(); ++node)
         components.Join(node, kept.ConstGet(static_cast<int>(node)));
@@ -34,20 +42,19 @@ std::vector<host_Body> host_Bodies(const frd_Model& model, const cow_List<unsign
 
     std::vector<host_Body> bodies;
     std::map<std::size_t, std::size_t> bodyOf;  // by root
-    for (const frd_Face& face : frd_Skin(model)) {
+    for (const host_Face& face : skin) {
         const auto& nodes = face.nodes;
-        if (nodes.size() < 3) continue;
+        const std::size_t step = face.quadratic ? 2 : 1;  // from corner to corner
+        if (nodes.size() < 3 * step) continue;            // a line
         const auto [found, isNew] = bodyOf.try_emplace(components.Root(nodes[0]), bodies.size());
         if (isNew) bodies.emplace_back();
-        for (std::size_t k = 2; k < nodes.size(); ++k)
-            bodies[found->second].triangles.push_back({nodes[0], nodes[k - 1], nodes[k]});
+        for (std::size_t k = 2 * step; k < nodes.size(); k += step)
+            bodies[found->second].triangles.push_back({nodes[0], nodes[k - step], nodes[k]});
     }
     return bodies;
 }
 
-cow_List<gsl_Triangle> host_Triangles(const host_Body& body, const std::vector<gsl_Point>& positions) {
-    std::vector<gsl_Triangle> triangles;
-    triangles.reserve(body.triangles.size());
-    for (const auto& [a, b, c] : body.triangles) triangles.emplace_back(positions[a], positions[b], positions[c]);
-    return cow_List<gsl_Triangle>(std::move(triangles));
+std::optional<gsl_DirectionalContact> host_Gap(const host_Body& fixed, const host_Body& movable,
+                                               const std::vector<gsl_Point>& positions, const gsl_Vector& direction) {
+    return gsl_FindDirectionalContact(Triangles(fixed, positions), Triangles(movable, positions), direction);
 }

@@ -1,25 +1,17 @@
 #ifndef ORV_STRESS_REPORT_HOST_PICTURE_H
 #define ORV_STRESS_REPORT_HOST_PICTURE_H
 
-#include "frd_Model.h"
+#include "host_PictureFormat.h"
+#include "host_Scene.h"
 
 #include <string>
-#include <vector>
 
-class annC_AnnotationContainer;
-class g3d_Camera;
-class g3d_ContourScale;
-
-/// A parallel camera that looks at the model from (1, 1, 1), z upwards, and shows all of it in a picture of that many
-/// pixels.
-[[nodiscard]] g3d_Camera host_FittedCamera(const frd_Model& model, int width, int height);
-
-/// The skin of the model as the camera sees it, as the bytes of a PNG: the free faces of the solid elements, shells and
-/// lines, far ones first. The colour of a face is that of the mean value at its corners; the legend's boxes stand in
-/// the lower left unless all values are NaN; the annotations lie over it. Throws std::runtime_error when the picture
-/// cannot be made.
-[[nodiscard]] std::string host_Picture(const frd_Model& model, const std::vector<double>& valueOfNode,
-                                       const g3d_ContourScale& legend, const annC_AnnotationContainer& annotations,
-                                       const g3d_Camera& camera, int width, int height);
+/// The bytes of a picture file: the model as host_ModelPainter draws it, the legend's boxes if any value is finite, and
+/// the scene's annotations over them. SVG and PDF have the model as an image of twice that size (up to 5000 pixels; of
+/// that size beyond), and all else as lines and letters; their pages have 96 pixels an inch. The same scene makes the
+/// same bytes. The camera's window should be of the picture's shape, else the model is stretched.
+///
+/// Throws std::invalid_argument unless width and height are 1 to 10000, std::runtime_error when cairo fails.
+[[nodiscard]] std::string host_Draw(const host_Scene& scene, int width, int height, host_PictureFormat format);
 
 #endif

@@ -1,23 +1,57 @@
 #include "host_WriteFile.h"
 
-#include <fstream>
+#include <algorithm>
+#include <cstdio>
+#include <memory>
 #include <stdexcept>
 #include <system_error>
 
 namespace fs = std::filesystem;
 
-void host_WriteFile(const fs::path& path, const std::string& bytes) {
-    if (fs::exists(path) && !fs::is_regular_file(path)) throw std::runtime_error("is there and is not a file");
-    fs::path part = path;
-    part += ".part";
-    std::ofstream file(part, std::ios::binary);
-    if (!file) throw std::runtime_error("cannot be written");
-    file << bytes;
-    file.close();
-    std::error_code error;
-    if (file) fs::rename(part, path, error);
-    if (file && !error) return;
+namespace {
+
+using Stream = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+
+/// A new file beside `path`, whose name comes back in `part`; null when there can be none.
+Stream OpenPart(const fs::path& path, fs::path& part) {
+    constexpr int attempts = 100;  // somebody else may have such files
+    Stream file(nullptr, std::fclose);
+    for (int i = 0; i < attempts && !file; ++i) {
+        part = path;
+        part += i == 0 ? ".part" : ".part" + std::to_string(i);
+        file.reset(std::fopen(part.c_str(), "wbx"));
+    }
+    return file;
+}
+
+}  // namespace
+
+host_WriteFile::~host_WriteFile() {
     std::error_code ignored;
-    fs::remove(part, ignored);
-    throw std::runtime_error("cannot be written");
+    for (const File& file : _files) fs::remove(file.part, ignored);
+}
+
+void host_WriteFile::Add(const fs::path& path, const std::string& bytes) {
+    std::error_code ignored;
+    if (fs::exists(path, ignored) && !fs::is_regular_file(path, ignored))
+        throw std::runtime_error("is there and is not a file");
+    const fs::path place = fs::weakly_canonical(path, ignored);
+    if (std::ranges::any_of(_files,
+                            [&](const File& file) { return fs::weakly_canonical(file.path, ignored) == place; }))
+        throw std::runtime_error("is to be written twice");
+    fs::path part;
+    Stream file = OpenPart(path, part);
+    if (!file) throw std::runtime_error("cannot be written");
+    _files.push_back({part, path});
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    if (std::fclose(file.release()) != 0 || !written) throw std::runtime_error("cannot be written to its end");
+}
+
+void host_WriteFile::Commit() {
+    while (!_files.empty()) {
+        std::error_code error;
+        fs::rename(_files.back().part, _files.back().path, error);
+        if (error) throw std::runtime_error(_files.back().path.string() + ": cannot be written");
+        _files.pop_back();
+    }
 }

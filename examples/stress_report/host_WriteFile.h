@@ -3,10 +3,29 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
-/// Writes a file whole or not at all: into `path`.part beside it, which then takes the name. What stood there before
-/// stays until then. Throws std::runtime_error, leaving nothing behind, when that does not work or when `path` is
-/// something else than a file.
-void host_WriteFile(const std::filesystem::path& path, const std::string& bytes);
+/// Files written whole, and all or none: each into a `.part` beside its place, and when all stand there they take
+/// their names. What stood there before stays until then.
+class host_WriteFile {
+public:
+    host_WriteFile() = default;
+    host_WriteFile(const host_WriteFile&) = delete;
+    host_WriteFile& operator=(const host_WriteFile&) = delete;
+    /// Removes what was not committed.
+    ~host_WriteFile();
+
+    /// Throws std::runtime_error with the reason when the file cannot be written or its place is taken by something
+    /// else than a file or by another one of these.
+    void Add(const std::filesystem::path& path, const std::string& bytes);
+    /// Throws std::runtime_error that names the file that cannot take its name.
+    void Commit();
+
+private:
+    struct File {
+        std::filesystem::path part, path;
+    };
+    std::vector<File> _files;
+};
 
 #endif
