@@ -21,7 +21,7 @@ struct host_Scene {
     std::vector<std::array<double, 3>> positions;  ///< of the nodes, as drawn (deformed or not)
     std::vector<double> values;                    ///< by node; NaN where there is none
     std::vector<host_Face> faces;
-    double low = 0.0;   ///< range of the legend
+    double low = 0.0;  ///< range of the legend
     double high = 1.0;
     int bands = 12;
     bool edges = true;  ///< outlines of the elements' faces are drawn
