@@ -22,9 +22,11 @@ function(orv_library)
     target_compile_options(OrvLumGeom PUBLIC $<$<CXX_COMPILER_ID:GNU,Clang,AppleClang>:-ffp-contract=off>)
 
     # Nothing is linked but the C++ runtime, and a name that nobody defines is our fault, to be told at this link.
-    # (Clang leaves the sanitizers' names to the program, so a sanitized build needs GCC.)
+    # (Clang leaves the sanitizers' names
+    # to the program, so not in the fuzz build.)
     if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
-        target_link_options(OrvLumGeom PRIVATE LINKER:-z,defs LINKER:--as-needed)
+        target_link_options(OrvLumGeom PRIVATE
+            $<$<NOT:$<BOOL:${ORVLUMGEOM_BUILD_FUZZ}>>:LINKER:-z,defs> LINKER:--as-needed)
     endif()
 endfunction()
 

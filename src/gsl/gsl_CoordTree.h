@@ -25,7 +25,8 @@ class gsl_CoordTreeImpl;
 ///
 /// **Distance** is always that in space, |p - q| as `gsl_Point::GetDistance` computes it, also in a tree of one or two
 /// coordinates; these only decide how the tree is built. Tolerances and radii are *strict*: a point exactly that far
-/// away is not found, and 0 or less, or NaN, finds nothing.
+/// away is not found, and 0 or less, or NaN, finds nothing. Where squares of differences underflow, below 1e-154,
+/// points may be missed whose distance is computed as 0.
 ///
 /// **Order.** A search looks at a node before its subtrees, and at the subtree on its own side before the other; a
 /// point equal to a node's on the node's axis belongs to the right. Among equals the one found first is taken, which
