@@ -60,6 +60,7 @@ void host_RegisterClasses() {
 std::string host_Stored(const host_ModelFile& file) {
     bio_Ofilter out;
     idb_WriteObject(out, Registrar(), host_SavedModel(file.model));
+    idb_WriteObject(out, Registrar(), file.limit);
     idb_WriteObject(out, Registrar(), host_SavedScene(file.scene, file.sizePixels));
     const std::string bytes = out.Bytes();
     return bytes + SealOf(bytes);
@@ -68,7 +69,10 @@ std::string host_Stored(const host_ModelFile& file) {
 host_ModelFile host_Restored(const std::string& bytes) {
     bio_Ifilter in{std::string(Unsealed(bytes))};
     const auto model = idb_ReadObject<host_SavedModel>(in, Registrar());
+    auto limit = idb_ReadObject<host_Limit>(in, Registrar());
+    host_CheckLimit(limit);
+    limit.Propagate();
     const auto scene = idb_ReadObject<host_SavedScene>(in, Registrar());
     if (in.Remaining() > 0) throw std::runtime_error("something stands behind the model");
-    return {model.Get(), scene.Get(), scene.SizePixels()};
+    return {model.Get(), limit, scene.Get(), scene.SizePixels()};
 }

@@ -60,6 +60,7 @@ std::optional<host_Options> host_ReadOptions(int argc, const char* const* argv, 
         ->allow_extra_args(false)
         ->check(finite);
     add("--direction", options.direction, "X Y Z", "Direction of the gaps between bodies; else 0 0 -1")->check(finite);
+    add("--limit", options.limit, "STRESS", "Allowable Mises stress, kept by --save; FREED takes back a saved one");
     add("--picture", options.picture, "FILE", "Picture to write: .png, .svg or .pdf")
         ->check(CLI::Validator(CheckPicture, ""));
     add("--csv", options.csv, "FILE", "Table of the set to write, a line for each node");

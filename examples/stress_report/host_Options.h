@@ -20,6 +20,7 @@ struct host_Options {
     std::optional<host_QuantityEnm> quantity;
     std::vector<std::array<double, 3>> probes;
     std::array<double, 3> direction{0.0, 0.0, -1.0};  ///< of the gaps
+    std::string limit;                                ///< of the Mises stress, or what to do with it; none where empty
 
     double deform = 0.0;  ///< how many times the displacements are drawn
     host_View view;

@@ -70,8 +70,19 @@ void PrintDisplacements(std::ostream& out, const frd_Model& model, const host_Se
         << "\n    by       " << host_DisplacementAt(*set.displacements, *greatest) << '\n';
 }
 
+/// How many nodes are above it, and how far the worst one is.
+void PrintLimit(std::ostream& out, const host_Limit& limit, const std::vector<double>& mises) {
+    const auto greatest = host_Extreme(mises, host_QuantityEnm::Mises);
+    if (!limit.IsActive() || !greatest) return;
+    const double allowed = limit.ConstGet();
+    out << "    allowable Mises stress " << allowed << " (" << host_StateName(limit) << "), nodes above "
+        << std::ranges::count_if(mises, [allowed](double value) { return value > allowed; })
+        << ", greatest utilisation " << mises[*greatest] / allowed << '\n';
+}
+
 /// The extremes, and for each node where one is all principal values with their directions.
-void PrintStresses(std::ostream& out, const frd_Model& model, const host_Set& set, const Points& points) {
+void PrintStresses(std::ostream& out, const frd_Model& model, const host_Set& set, const Points& points,
+                   const host_Limit& limit) {
     const host_Stresses stresses = host_StressesOf(*set.stresses);
     std::vector<std::size_t> rows;
     for (std::size_t i = 0; i < host_Quantities.size(); ++i) {
@@ -85,6 +96,7 @@ void PrintStresses(std::ostream& out, const frd_Model& model, const host_Set& se
             << model.nodes[node].number << ' ' << points[node] << '\n';
         if (std::ranges::find(rows, *extreme) == rows.end()) rows.push_back(*extreme);
     }
+    PrintLimit(out, limit, stresses.mises);
     for (const std::size_t row : rows) {
         out << "    principal values at node " << model.nodes[set.stresses->nodes[row]].number << '\n';
         const std::array<double, 9>& d = stresses.directions[row];
@@ -169,7 +181,7 @@ void host_Report(std::ostream& out, const frd_Model& model, const std::vector<ho
             if (set.stresses != nullptr) {
                 host_Step(within, 0.5F, "Stresses", [&] {
                     out << "  stresses\n";
-                    PrintStresses(out, model, set, points);
+                    PrintStresses(out, model, set, points, questions.limit);
                 });
             }
             if (set.displacements != nullptr && bodies.size() > 1) {

@@ -2,6 +2,7 @@
 #define ORV_STRESS_REPORT_HOST_REPORT_H
 
 #include "frd_Model.h"
+#include "host_Limit.h"
 #include "host_Scene.h"
 
 #include <gsl/gsl_Point.h>
@@ -14,6 +15,7 @@
 struct host_Questions {
     std::vector<gsl_Point> probes;
     gsl_Vector direction;  ///< of the gaps
+    host_Limit limit;
 };
 
 /// Counts, boxes, bodies, extremes, gaps and probes, as text for people. Tells its progress; stops with what the

@@ -78,11 +78,13 @@ host_ModelFile Computed(wip_ProgressObj& progress, const host_Options& options, 
         RefuseToOverwrite(options);
         choice = host_Choose(file.model, options.set, options.quantity);
         skin = frd_Skin(file.model);
+        if (!options.limit.empty()) Naming("--limit", [&] { host_GiveLimit(file.limit, options.limit); });
     });
     host_Step(progress, 0.3F, "Report", [&] {
         const auto& [x, y, z] = options.direction;
         report << "Model " << options.Input() << '\n';
-        host_Report(report, file.model, skin, {{options.probes.begin(), options.probes.end()}, gsl_Vector(x, y, z)});
+        host_Report(report, file.model, skin,
+                    {{options.probes.begin(), options.probes.end()}, gsl_Vector(x, y, z), file.limit});
     });
     if (options.load.empty() && !(options.picture.empty() && options.save.empty())) {
         host_Step(progress, 0.1F, "Scene", [&] {

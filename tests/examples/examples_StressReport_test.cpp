@@ -322,6 +322,25 @@ TEST_F(StressReport, LoadsWhatItSavedAndDrawsTheSame) {
     EXPECT_THAT(dump.out, HasSubstr("  host_SavedScene"));
 }
 
+TEST_F(StressReport, KeepsTheLimitOfTheStress) {
+    const std::string model = In("case.orv");
+    ExpectRefused(Run(bracket, {"--limit", "0"}), "--limit: the limit is not a finite number above 0");
+    ExpectRefused(Run(bracket, {"--limit", "350 MPa"}), "--limit: stress_report");
+    ASSERT_EQ(Run(bracket, {"--limit", "400", "--save", model}).exitCode, 0);
+    const std::pair<Arguments, std::string> loadings[] = {
+        {{}, "(UNCHANGED), nodes above 24, greatest utilisation 1.14096282\n"},
+        {{"--limit", "456.3851"}, "456.3851 (SET), nodes above 1,"},
+        {{"--limit", "FREED"}, ""},
+    };
+    for (const auto& [options, told] : loadings) {
+        Arguments call{program, "--load", model};
+        call.insert(call.end(), options.begin(), options.end());
+        const ChildResult child = RunProgram(call);
+        EXPECT_EQ(child.exitCode, 0) << child.err;
+        EXPECT_THAT(child.out, told.empty() ? testing::Not(HasSubstr("allowable")) : HasSubstr(told));
+    }
+}
+
 /// `bytes` with the sum of all before the last four in these.
 std::string Sealed(std::string bytes) {
     std::uint32_t sum = 0x811C9DC5U;
