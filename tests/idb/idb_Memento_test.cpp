@@ -8,12 +8,14 @@
 #include <idb/idb_Dump.h>
 #include <idb/idb_ReadListObj.h>
 #include <idb/idb_ReadListPrim.h>
+#include <idb/idb_ReadMapPrim.h>
 #include <support/streams.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
 #include <random>
 #include <sstream>
 
@@ -158,6 +160,17 @@ TEST(idb_Memento, FieldsLandByNameAndWidth) {
                                                 "00 00 00 00"                 // s
                                                 "36 01 23 00 00"              // ints: nobody made it
                                                 "01 00 00 00 00")));          // o: null
+
+    bio_Ifilter in(out.Bytes());
+    const idb_MementoRead read(in, r, 0x7F0099);
+    EXPECT_EQ(read.Read("a", short{0}), 258);
+    EXPECT_EQ(read.Read("b", 7.5), 7.5) << "wider than the slot";
+    EXPECT_EQ(read.Read("s", 5), 5);
+    EXPECT_EQ(read.Read("nowhere", 5), 5);
+    for (const char* const noText : {"b", "nowhere"}) EXPECT_EQ(read.Read(noText, cow_String("-")), "-");
+    for (const char* const noObject : {"b", "nowhere"}) EXPECT_EQ(read.MakeReadObj(noObject), nullptr);
+    EXPECT_EQ(read.AgentBlob(), nullptr);
+    EXPECT_EQ(read.getObjectPtr(), nullptr);
     EXPECT_THROW(r.Class<Small>("bad", 1).Attribute("x", static_cast<cls_AttributeType>(6)), nex_PrimException);
 }
 
@@ -198,6 +211,52 @@ TEST(idb_Memento, ReadersWalkAsTheyPromise) {
     EXPECT_EQ(values[2], 4);
     EXPECT_FALSE(list->Next());
     EXPECT_TRUE(list->Next()) << "after the end it begins anew";
+}
+
+/// Through a memento of its own and back, by hand; the reader is walked as hosts do it.
+template <class K, class T>
+void ExpectMapComesBack(cls_CollectionType code, const std::map<K, T>& entries) {
+    SCOPED_TRACE(code);
+    bio_Ofilter out;
+    {
+        idb_MementoWrite memento(out, TestRegistrar(), cls_CollectionClass(code));
+        auto* const made =
+            std::is_same_v<K, int> ? memento.MakeWriteMapInt2Prim(code) : memento.MakeWriteMapString2Prim(code);
+        auto* const map = dynamic_cast<cls_WriteMapPrim<K, T>*>(made);
+        ASSERT_NE(map, nullptr);
+        for (const auto& [key, value] : entries) map->Write(key, value);
+        memento.Flush();
+    }
+    bio_Ifilter in(out.Bytes());
+    const idb_MementoRead memento(in, TestRegistrar(), cls_CollectionClass(code), code);
+    auto* const map = dynamic_cast<cls_ReadMapPrim<K, T>*>(memento.Collection());
+    ASSERT_NE(map, nullptr);
+    EXPECT_EQ(map->Size(), static_cast<int>(entries.size()));
+    EXPECT_THROW((void)map->ReadKey(), nex_RangeException);
+    std::map<K, T> walked;
+    while (map->Next()) walked.emplace(map->ReadKey(), map->Read());
+    EXPECT_EQ(walked, entries);
+    EXPECT_EQ(in.Remaining(), 0U);
+}
+
+TEST(idb_Memento, EveryMapOfPrimitivesComesBack) {
+    ExpectMapComesBack<cow_String, double>(62, {{"", -0.5}, {"pi", 3.14}});
+    ExpectMapComesBack<cow_String, float>(63, {{"a", 0.1F}});
+    ExpectMapComesBack<cow_String, int>(64, {{"a", -1}, {"b", 2147483647}});
+    ExpectMapComesBack<cow_String, cow_String>(65, {{"a", ""}, {"b", cow_String(std::string("x\0y", 3))}});
+    ExpectMapComesBack<cow_String, unsigned>(66, {{"a", 4294967295U}});
+    ExpectMapComesBack<int, double>(72, {{-1, 1e308}, {0, 0.0}});
+    ExpectMapComesBack<int, float>(73, {{2147483647, 0.1F}});
+    ExpectMapComesBack<int, int>(74, {{3, -3}});
+    ExpectMapComesBack<int, cow_String>(75, {{3, "three"}});
+    ExpectMapComesBack<int, unsigned>(76, {});
+
+    bio_Ofilter out;
+    idb_MementoWrite memento(out, TestRegistrar(), cls_CollectionClass(62));
+    for (const cls_CollectionType noCode : {60, 61, 67, 69}) EXPECT_EQ(memento.MakeWriteMapInt2Prim(noCode), nullptr);
+    for (const cls_CollectionType noCode : {50, 51, 58, 59}) EXPECT_EQ(memento.MakeWriteListPrim(noCode, 1), nullptr);
+    bio_Ifilter in(FromHex("3d 01 23 00 01 00 00 00 00"));
+    EXPECT_EQ(idb_MementoRead(in, TestRegistrar(), cls_CollectionClass(61), 61).Collection(), nullptr);
 }
 
 TEST(idb_Memento, AClassMayGrowAndShrink) {
@@ -299,6 +358,16 @@ TEST(idb_AgentBlob, AWriteThatWouldJustFillItStillGrows) {
     double back[2] = {};
     EXPECT_EQ(blob.ReadDoubleArray(back, 2), 2U);
     EXPECT_EQ(back[1], -2.5);
+
+    bio_Ofilter within;
+    idb_MementoWrite memento(within, TestRegistrar(), cls_AgentBlobClass);
+    memento.MakeAgentBlob()->WriteDoubleArray(values, 2);
+    memento.Flush();
+    bio_Ifilter in(within.Bytes());
+    const idb_MementoRead reading(in, TestRegistrar(), cls_AgentBlobClass);
+    ASSERT_NE(reading.AgentBlob(), nullptr);
+    EXPECT_EQ(reading.AgentBlob()->ReadDoubleArray(back, 2), 2U);
+    EXPECT_EQ(back[0], 0.1);
 }
 
 TEST(idb_Dump, ShowsClassFieldValueAndOffset) {
