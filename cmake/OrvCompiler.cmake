@@ -14,8 +14,12 @@ function(orv_own_code target)
     set_target_properties(${target} PROPERTIES
         CXX_EXTENSIONS OFF
         CXX_VISIBILITY_PRESET hidden
-        VISIBILITY_INLINES_HIDDEN ON
         POSITION_INDEPENDENT_CODE ON)
+    # For Windows this would drop the inline functions of exported classes from the DLL, where hosts look for those of
+    # explicitly instantiated templates.
+    if(NOT WIN32)
+        set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN ON)
+    endif()
     target_compile_features(${target} PUBLIC cxx_std_20)
     if(PROJECT_IS_TOP_LEVEL)
         set_target_properties(${target} PROPERTIES COMPILE_WARNING_AS_ERROR ON)

@@ -13,7 +13,8 @@ function(orv_library)
     set_target_properties(OrvLumGeom PROPERTIES
         LINKER_LANGUAGE CXX
         VERSION ${PROJECT_VERSION}
-        SOVERSION ${PROJECT_VERSION_MAJOR})
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")  # a DLL is looked for beside the program
     target_compile_features(OrvLumGeom PUBLIC cxx_std_20)
     target_sources(OrvLumGeom PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}/src")
 

@@ -25,7 +25,7 @@ function(orv_test folder)
     # Asked for its cases when the tests run, so that building never runs anything.
     gtest_discover_tests(${folder}_tests
         DISCOVERY_MODE PRE_TEST
-        DISCOVERY_TIMEOUT 60
+        DISCOVERY_TIMEOUT 300
         TEST_PREFIX "${folder}."
         PROPERTIES LABELS ${folder} TIMEOUT 300)
 endfunction()

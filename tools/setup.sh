@@ -11,7 +11,7 @@ case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;
 ci) wanted="$check git clang clang-format clang-tidy shellcheck" ;;
-windows) wanted="$check g++-mingw-w64-x86-64-posix googletest wine wine64" ;;
+windows) wanted="cmake ninja-build ccache g++-mingw-w64-x86-64-posix googletest wine wine64" ;;
 coverage) wanted="$check gcovr" ;;
 *)
     echo "usage: $0 demo|check|ci|windows|coverage" >&2

@@ -2,7 +2,7 @@
 #include <annC/detail/annC_IntObjImpl.h>
 
 template <>
-std::span<const annC_Attribute<annC_Arrow>> annC_IntObj<annC_Arrow>::Attributes() {
+std::span<const annC_Attribute<annC_Arrow>> annC_Attributes<annC_Arrow>() {
     using A = annC_Arrow;
     using HeadKind = annC_EnumKind<annC_ArrowHeadStyleEnm>;
     static const annC_Attribute<A> attributes[] = {

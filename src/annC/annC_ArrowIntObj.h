@@ -5,9 +5,7 @@
 #include <annC/annC_IntObj.h>
 #include <base/orv_Export.h>
 
-template <>
-std::span<const annC_Attribute<annC_Arrow>> annC_IntObj<annC_Arrow>::Attributes();
-extern template class annC_IntObj<annC_Arrow>;
+ORV_EXTERN_TEMPLATE(annC_IntObj<annC_Arrow>);
 
 /// The scripting object of an arrow.
 class ORV_EXPORT annC_ArrowIntObj : public annC_IntObj<annC_Arrow> {

@@ -8,11 +8,8 @@
 
 #include <array>
 #include <memory>
-#include <span>
 
 class omu_Arguments;
-template <class A>
-struct annC_Attribute;
 
 /// What the scripting objects of annotations have in common. A is annC_Arrow or annC_Text, whose name functions give
 /// the names of the commands and the keywords.
@@ -74,8 +71,6 @@ protected:
                                           const Point& from);
 
 private:
-    /// The table of the attributes; defined for each A beside its scripting object.
-    [[nodiscard]] static std::span<const annC_Attribute<A>> Attributes();
     void Read(omu_Arguments& arguments, const char* command);
 
     std::shared_ptr<A> _annotation;

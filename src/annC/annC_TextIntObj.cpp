@@ -2,7 +2,7 @@
 #include <annC/detail/annC_IntObjImpl.h>
 
 template <>
-std::span<const annC_Attribute<annC_Text>> annC_IntObj<annC_Text>::Attributes() {
+std::span<const annC_Attribute<annC_Text>> annC_Attributes<annC_Text>() {
     using A = annC_Text;
     static const annC_Attribute<A> attributes[] = {
         annC_MakeAttribute<A, annC_StringKind>(A::textCmd(), &A::Text, &A::SetText),

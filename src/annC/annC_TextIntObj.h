@@ -5,9 +5,7 @@
 #include <annC/annC_Text.h>
 #include <base/orv_Export.h>
 
-template <>
-std::span<const annC_Attribute<annC_Text>> annC_IntObj<annC_Text>::Attributes();
-extern template class annC_IntObj<annC_Text>;
+ORV_EXTERN_TEMPLATE(annC_IntObj<annC_Text>);
 
 /// The scripting object of a text.
 class ORV_EXPORT annC_TextIntObj : public annC_IntObj<annC_Text> {

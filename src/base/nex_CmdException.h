@@ -2,7 +2,6 @@
 #define ORV_BASE_NEX_CMDEXCEPTION_H
 
 #include <base/nex_CommandException.h>
-#include <base/orv_Export.h>
 
 #include <concepts>
 #include <utility>
@@ -17,7 +16,7 @@ class cls_WriteVisitor;
 /// A module that names one of these, by an alias, specialises `MessageOf`, `PythonType` and `JournalMessage` where the
 /// defaults do not suit, and `InitializeMetadata` when it registers the class.
 template <class Payload, int Code>
-class ORV_EXPORT nex_CmdException : public nex_CommandException {
+class __attribute__((visibility("default"))) nex_CmdException : public nex_CommandException {
 public:
     /// The message is made from the value.
     explicit nex_CmdException(Payload value) : nex_CommandException(MessageOf(value)), _value(std::move(value)) {}

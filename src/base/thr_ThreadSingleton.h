@@ -1,11 +1,11 @@
 #ifndef ORV_BASE_THR_THREADSINGLETON_H
 #define ORV_BASE_THR_THREADSINGLETON_H
 
+#include <base/detail/thr_ThreadPointer.h>
 #include <base/thr_ThrSingletonRegistry.h>
 
 #include <atomic>
 #include <memory>
-#include <utility>
 
 /// The one T of each thread, made by the thread's first `Instance()`. It goes when the thread calls `Finalize()` or
 /// ends; after `Finalize()` the thread's next `Instance()` makes a fresh one.
@@ -28,13 +28,13 @@ public:
     [[nodiscard]] static int LiveCount() noexcept;
 
 private:
-    struct AtThreadEnd {
-        ~AtThreadEnd() { Finalize(); }
-    };
+    static void Delete(T* instance) {
+        const std::unique_ptr<T> last(instance);
+        --_live;
+    }
 
-    /// Owns the instance, but as a plain pointer: it stays good after the thread's own destructors, when the destructor
-    /// of a host's global object may still finalise.
-    static T*& ThreadInstance() noexcept;
+    /// Owns the instance.
+    using Own = thr_ThreadPointer<T, Delete>;
 
     static std::atomic<int> _live;
 };
@@ -43,28 +43,21 @@ template <class T, int Level>
 constinit std::atomic<int> thr_ThreadSingleton<T, Level>::_live = 0;
 
 template <class T, int Level>
-T*& thr_ThreadSingleton<T, Level>::ThreadInstance() noexcept {
-    static thread_local constinit T* instance = nullptr;
-    return instance;
-}
-
-template <class T, int Level>
 T& thr_ThreadSingleton<T, Level>::Instance() {
-    T*& instance = ThreadInstance();
-    if (instance == nullptr) {
-        static thread_local const AtThreadEnd atThreadEnd;
-        thr_ThrSingletonRegistry::Register(Level, [] { Finalize(); });
-        instance = new T;
-        ++_live;
-    }
-    return *instance;
+    if (T* const instance = Own::Get(); instance != nullptr) return *instance;
+    thr_ThrSingletonRegistry::Register(Level, [] { Finalize(); });
+    std::unique_ptr<T> made(new T);
+    Own::Set(made.get());
+    ++_live;
+    return *made.release();
 }
 
 template <class T, int Level>
 bool thr_ThreadSingleton<T, Level>::Finalize() {
-    const std::unique_ptr<T> last(std::exchange(ThreadInstance(), nullptr));
+    T* const last = Own::Get();
     if (last == nullptr) return false;
-    --_live;
+    Own::Set(nullptr);
+    Delete(last);
     return true;
 }
 

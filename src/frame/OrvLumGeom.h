@@ -22,8 +22,11 @@ ORV_EXPORT void OrvLumGeom_specific_initialize(int& count);
 ORV_EXPORT void OrvLumGeom_specific_finalize(int& count);
 
 /// The operating system's entry: reason 1 (process attach) starts the library with a count of its own, reason 0
-/// (process detach) stops it with the same count, any other does nothing. Always 1. The loader calls it on Windows
-/// only; elsewhere a loaded library is unstarted, and this is a function like any other.
+/// (process detach) stops it with the same count, any other does nothing. Always 1. On Windows the loader calls it, and
+/// it is nobody else's to see: a host's own DLL has a function of that name, or would be given ours. Elsewhere a loaded
+/// library is unstarted, and this is a function like any other.
+#if !defined(_WIN32)
 extern "C" ORV_EXPORT int DllMain(void* module, unsigned long reason, void* reserved);
+#endif
 
 #endif

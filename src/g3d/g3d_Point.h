@@ -38,7 +38,7 @@ public:
     [[nodiscard]] float& W() noexcept { return _w; }
 
     /// A copy with x, y, z divided by w and w = 1; unchanged when w is 0 or 1.
-    [[nodiscard]] g3d_Point Cartesian() const noexcept;
+    [[nodiscard]] inline g3d_Point Cartesian() const noexcept;
 
     // ---- Change in place
 
@@ -46,8 +46,8 @@ public:
     g3d_Point& HNormalize() noexcept;
 
     /// `HNormalize`, then x, y, z are moved; w stays (a point at infinity stays at infinity).
-    g3d_Point& operator+=(const g3d_Vector& by) noexcept;
-    g3d_Point& operator-=(const g3d_Vector& by) noexcept;
+    inline g3d_Point& operator+=(const g3d_Vector& by) noexcept;
+    inline g3d_Point& operator-=(const g3d_Vector& by) noexcept;
 
     /// (-x, -y, -z, w).
     [[nodiscard]] g3d_Point operator-() const noexcept { return {-_x, -_y, -_z, _w}; }

@@ -39,7 +39,7 @@ public:
     // ---- Change in place
 
     /// Scales in place.
-    g3d_Vector& operator*=(float factor) noexcept;
+    inline g3d_Vector& operator*=(float factor) noexcept;
 
     /// Times the rounded reciprocal 1 / `divisor`: not always the bits of a division.
     g3d_Vector& operator/=(float divisor) noexcept { return *this *= 1.0F / divisor; }

@@ -99,7 +99,7 @@ public:
     g3d_XForm& Invert() noexcept;
 
     /// this = this * other.
-    g3d_XForm& operator*=(const g3d_XForm& other) noexcept;
+    inline g3d_XForm& operator*=(const g3d_XForm& other) noexcept;
 
     // ---- Queries and transforming
 

@@ -43,7 +43,7 @@ public:
     [[nodiscard]] const gsl_Point& High() const noexcept { return _high; }
 
     /// Whether it holds nothing.
-    [[nodiscard]] bool IsEmpty() const noexcept;
+    [[nodiscard]] inline bool IsEmpty() const noexcept;
 
     /// High minus low on the axis: negative where an empty box is inverted.
     [[nodiscard]] double XLen() const noexcept { return _high.X() - _low.X(); }

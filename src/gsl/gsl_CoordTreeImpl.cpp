@@ -56,14 +56,14 @@ public:
 
     void Push(const T& item) {
         if (_size < kInline)
-            _inline[_size] = item;
+            _inPlace[_size] = item;
         else
             _more.push_back(item);
         ++_size;
     }
 
     T Pop() noexcept {
-        if (--_size < kInline) return _inline[_size];
+        if (--_size < kInline) return _inPlace[_size];
         const T item = _more.back();
         _more.pop_back();
         return item;
@@ -72,7 +72,7 @@ public:
 private:
     static constexpr std::size_t kInline = 48;
 
-    std::array<T, kInline> _inline;
+    std::array<T, kInline> _inPlace;
     std::vector<T> _more;
     std::size_t _size = 0;
 };

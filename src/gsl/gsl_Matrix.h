@@ -45,7 +45,7 @@ public:
     [[nodiscard]] gsl_Vector NewXAxis() const noexcept { return NewAxis(0); }
     [[nodiscard]] gsl_Vector NewYAxis() const noexcept { return NewAxis(1); }
     [[nodiscard]] gsl_Vector NewZAxis() const noexcept { return NewAxis(2); }
-    [[nodiscard]] gsl_Vector NewAxis(unsigned i) const noexcept;
+    [[nodiscard]] inline gsl_Vector NewAxis(unsigned i) const noexcept;
 
     /// The translation.
     [[nodiscard]] gsl_Point NewOrigin() const noexcept { return {_m[0][3], _m[1][3], _m[2][3]}; }

@@ -192,7 +192,7 @@ protected:
 private:
     static constexpr double Unknown = -1.0;
 
-    [[nodiscard]] double UnitComponent(double component) const noexcept;
+    [[nodiscard]] inline double UnitComponent(double component) const noexcept;
 
     std::array<double, 3> _xyz{0.0, 0.0, 1.0};
     mutable double _magnitude = 1.0;

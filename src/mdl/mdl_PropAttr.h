@@ -147,11 +147,11 @@ private:
     cls_Uid _uid = cls_Uid::AllocateUid();
 };
 
-extern template class ORV_EXPORT mdl_PropAttr<double>;
-extern template class ORV_EXPORT mdl_PropAttr<int>;
-extern template class ORV_EXPORT mdl_PropAttr<bool>;
-extern template class ORV_EXPORT mdl_PropAttr<cow_List<float>>;
-extern template class ORV_EXPORT mdl_PropAttr<cow_List<cow_String>>;
-extern template class ORV_EXPORT mdl_PropAttr<cow_List<int>>;
+ORV_EXTERN_TEMPLATE(mdl_PropAttr<double>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttr<int>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttr<bool>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttr<cow_List<float>>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttr<cow_List<cow_String>>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttr<cow_List<int>>);
 
 #endif

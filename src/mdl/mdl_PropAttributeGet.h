@@ -33,11 +33,11 @@ public:
                     bool allowNone);
 };
 
-extern template class ORV_EXPORT mdl_PropAttributeGet<double>;
-extern template class ORV_EXPORT mdl_PropAttributeGet<int>;
-extern template class ORV_EXPORT mdl_PropAttributeGet<bool>;
-extern template class ORV_EXPORT mdl_PropAttributeGet<cow_List<float>>;
-extern template class ORV_EXPORT mdl_PropAttributeGet<cow_List<cow_String>>;
-extern template class ORV_EXPORT mdl_PropAttributeGet<cow_List<int>>;
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGet<double>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGet<int>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGet<bool>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGet<cow_List<float>>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGet<cow_List<cow_String>>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGet<cow_List<int>>);
 
 #endif

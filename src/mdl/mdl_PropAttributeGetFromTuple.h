@@ -16,11 +16,11 @@ public:
     static void Get(omu_PrimTuple& arguments, mdl_PropAttr<T>& attribute, bool allowUnset, bool allowNone);
 };
 
-extern template class ORV_EXPORT mdl_PropAttributeGetFromTuple<double>;
-extern template class ORV_EXPORT mdl_PropAttributeGetFromTuple<int>;
-extern template class ORV_EXPORT mdl_PropAttributeGetFromTuple<bool>;
-extern template class ORV_EXPORT mdl_PropAttributeGetFromTuple<cow_List<float>>;
-extern template class ORV_EXPORT mdl_PropAttributeGetFromTuple<cow_List<cow_String>>;
-extern template class ORV_EXPORT mdl_PropAttributeGetFromTuple<cow_List<int>>;
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGetFromTuple<double>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGetFromTuple<int>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGetFromTuple<bool>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGetFromTuple<cow_List<float>>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGetFromTuple<cow_List<cow_String>>);
+ORV_EXTERN_TEMPLATE(mdl_PropAttributeGetFromTuple<cow_List<int>>);
 
 #endif

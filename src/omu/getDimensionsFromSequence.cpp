@@ -67,12 +67,12 @@ bool JoinChild(const omu_PrimSequence& child, int level, int i, int nd, const co
     Type tcTemp = noType;
     if (!getDimensionsFromSequence(child, ndTemp, dimsTemp, tcTemp, reason, true)) return false;
     if (ndTemp != nd) {
-        reason = atr("different num dims in child. nd=%1$d, ndTemp=%2$d, i=%3$d", nd, ndTemp, i);
+        reason = atr("different num dims in child. nd=%d, ndTemp=%d, i=%d", nd, ndTemp, i);
         return false;
     }
     for (int j = level + 1; j < nd; ++j) {
         if (dimsTemp.ConstGet(j) == dims.ConstGet(j)) continue;
-        reason = atr("different dims in child. dimThis=%1$d, j=%2$d", level, j);
+        reason = atr("different dims in child. dimThis=%d, j=%d", level, j);
         return false;
     }
     if (Widen(tc, widestType(tc, tcTemp))) return true;
@@ -131,7 +131,7 @@ bool getDimensionsFromSequence(const omu_PrimSequence& sequence, int& nd, cow_Li
             }
             if (!checkAll) return true;
             if (!Widen(tc, widestType(number->DataType(), tc))) {
-                reason = atr("Items. tc==NO_TYPE. pn.DT=%1$d, tc=%2$d", static_cast<int>(number->DataType()),
+                reason = atr("Items. tc==NO_TYPE. pn.DT=%d, tc=%d", static_cast<int>(number->DataType()),
                              static_cast<int>(tc));
                 return false;
             }

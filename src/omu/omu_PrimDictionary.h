@@ -135,7 +135,7 @@ private:
     typename Map::const_iterator _at;
 };
 
-extern template class ORV_EXPORT omu_PrimDictionary<int>;
-extern template class ORV_EXPORT omu_PrimDictionary<cow_String>;
+ORV_EXTERN_TEMPLATE(omu_PrimDictionary<int>);
+ORV_EXTERN_TEMPLATE(omu_PrimDictionary<cow_String>);
 
 #endif

@@ -2,7 +2,6 @@
 #define ORV_OMU_OMU_PRIMENUM_H
 
 #include <base/detail/cow_Range.h>
-#include <base/orv_Export.h>
 #include <omu/omu_PrimEnumBase.h>
 
 #include <cstddef>
@@ -22,7 +21,7 @@
 /// Constructors that find no row throw nex_CommandException; the message tells what was asked for and, but for the one
 /// from another enumeration, what is permissible.
 template <class E, int N = 1>
-class ORV_EXPORT omu_PrimEnum : public omu_PrimEnumBase {
+class __attribute__((visibility("default"))) omu_PrimEnum : public omu_PrimEnumBase {
 public:
     /// A name of the table and its value.
     struct Row {

@@ -34,7 +34,7 @@ utf_EngineeringData<T>::utf_EngineeringData(res_DataTypeEnm kind, T* values, int
 template <class T>
 utf_EngineeringData<T>::utf_EngineeringData(res_DataTypeEnm kind, int count, bool engineeringShear)
     : _kind(kind),
-      _components(_inline),
+      _components(_inPlace),
       _count(std::max(count, 0)),
       _ownsComponents(true),
       _engineeringShear(engineeringShear) {
@@ -71,12 +71,12 @@ void utf_EngineeringData<T>::Take(utf_EngineeringData& other) noexcept {
     _count = other._count;
     _ownsComponents = other._ownsComponents;
     _engineeringShear = other._engineeringShear;
-    std::copy_n(other._inline, InlineCount, _inline);
+    std::copy_n(other._inPlace, InlineCount, _inPlace);
     _heap = std::move(other._heap);
-    _components = other._components == other._inline ? _inline : other._components;
+    _components = other._components == other._inPlace ? _inPlace : other._components;
     if (_heap == nullptr) return;
-    std::fill_n(other._inline, InlineCount, T(0));
-    other._components = other._inline;
+    std::fill_n(other._inPlace, InlineCount, T(0));
+    other._components = other._inPlace;
     other._count = 0;
 }
 

@@ -100,11 +100,11 @@ private:
     int _count;
     bool _ownsComponents;
     bool _engineeringShear;
-    T _inline[InlineCount] = {};
+    T _inPlace[InlineCount] = {};
     std::unique_ptr<T[]> _heap;  // when there are more
 };
 
-extern template class ORV_EXPORT utf_EngineeringData<float>;
-extern template class ORV_EXPORT utf_EngineeringData<double>;
+ORV_EXTERN_TEMPLATE(utf_EngineeringData<float>);
+ORV_EXTERN_TEMPLATE(utf_EngineeringData<double>);
 
 #endif

@@ -68,8 +68,8 @@ private:
     T* _q;
 };
 
-extern template class ORV_EXPORT utf_Quat2dBase<float>;
-extern template class ORV_EXPORT utf_Quat2dBase<double>;
+ORV_EXTERN_TEMPLATE(utf_Quat2dBase<float>);
+ORV_EXTERN_TEMPLATE(utf_Quat2dBase<double>);
 
 template <class T>
 inline void utf_Quat2dBase<T>::cosines(T (*c)[3]) const noexcept {

@@ -88,8 +88,8 @@ private:
     T* _q;
 };
 
-extern template class ORV_EXPORT utf_Quat3dBase<float>;
-extern template class ORV_EXPORT utf_Quat3dBase<double>;
+ORV_EXTERN_TEMPLATE(utf_Quat3dBase<float>);
+ORV_EXTERN_TEMPLATE(utf_Quat3dBase<double>);
 
 template <class T>
 inline void utf_Quat3dBase<T>::cosines(T (*c)[3]) const noexcept {

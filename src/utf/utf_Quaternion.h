@@ -2,6 +2,7 @@
 #define ORV_UTF_UTF_QUATERNION_H
 
 #include <base/cow_2DArray.h>
+#include <base/orv_Export.h>
 #include <utf/utf_EngineeringData.h>
 #include <utf/utf_Quat2dBase.h>
 #include <utf/utf_Quat3dBase.h>
@@ -132,8 +133,8 @@ private:
     }
 };
 
-extern template class ORV_EXPORT utf_Quaternion<float>;
-extern template class ORV_EXPORT utf_Quaternion<double>;
+ORV_EXTERN_TEMPLATE(utf_Quaternion<float>);
+ORV_EXTERN_TEMPLATE(utf_Quaternion<double>);
 
 template <class T>
 inline void utf_Quaternion<T>::cosines(T (*c)[3]) const noexcept {

@@ -1,6 +1,7 @@
 #ifndef ORV_UTF_UTF_SCALAR_H
 #define ORV_UTF_UTF_SCALAR_H
 
+#include <base/orv_Export.h>
 #include <utf/utf_EngineeringData.h>
 
 #include <type_traits>
@@ -31,7 +32,7 @@ private:
     [[nodiscard]] const char* Name() const noexcept override { return "Scalar"; }
 };
 
-extern template class ORV_EXPORT utf_Scalar<float>;
-extern template class ORV_EXPORT utf_Scalar<double>;
+ORV_EXTERN_TEMPLATE(utf_Scalar<float>);
+ORV_EXTERN_TEMPLATE(utf_Scalar<double>);
 
 #endif

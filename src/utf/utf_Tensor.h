@@ -141,7 +141,7 @@ private:
     [[nodiscard]] T OfPrincipal(T unknown, const Measure& measure) const noexcept;
 };
 
-extern template class ORV_EXPORT utf_Tensor<float>;
-extern template class ORV_EXPORT utf_Tensor<double>;
+ORV_EXTERN_TEMPLATE(utf_Tensor<float>);
+ORV_EXTERN_TEMPLATE(utf_Tensor<double>);
 
 #endif

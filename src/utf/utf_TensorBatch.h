@@ -55,7 +55,7 @@ private:
     bool _engineeringShear;
 };
 
-extern template class ORV_EXPORT utf_TensorBatch<float>;
-extern template class ORV_EXPORT utf_TensorBatch<double>;
+ORV_EXTERN_TEMPLATE(utf_TensorBatch<float>);
+ORV_EXTERN_TEMPLATE(utf_TensorBatch<double>);
 
 #endif

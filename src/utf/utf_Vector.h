@@ -1,6 +1,7 @@
 #ifndef ORV_UTF_UTF_VECTOR_H
 #define ORV_UTF_UTF_VECTOR_H
 
+#include <base/orv_Export.h>
 #include <utf/utf_EngineeringData.h>
 #include <utf/utf_Quat2dBase.h>
 #include <utf/utf_Quat3dBase.h>
@@ -56,7 +57,7 @@ private:
     void Turn(const T (&c)[3][3], int size) noexcept;
 };
 
-extern template class ORV_EXPORT utf_Vector<float>;
-extern template class ORV_EXPORT utf_Vector<double>;
+ORV_EXTERN_TEMPLATE(utf_Vector<float>);
+ORV_EXTERN_TEMPLATE(utf_Vector<double>);
 
 #endif

@@ -7,7 +7,7 @@
 #include <base/nex_PrimException.h>
 #include <base/rgx.h>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <bit>
@@ -80,7 +80,7 @@ TEST(base_Message, ConvertsToTheLocale) {
     // locale.
     const std::tuple<std::string, std::string, int> cases[] = {
         {std::string("a\0b", 3), std::string("a\0b", 3), 0},
-        {"gr\xC3\xBC\xC3\x9F", "gr??", 0},
+        {"gr\xC5\xB1\xC5\x9F", "gr??", 0},  // not Latin-1, which Windows has in the C locale
         {"\xE2\x82\xAC \xF0\x9F\x98\x80", "? ?", 0},
         {"\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF", "???", 0},  // the bounds of what is a character
         {"\x80x\xBF", "?x?", 2},                                 // continuation without a lead
@@ -180,6 +180,6 @@ TEST(base_Split, IsUndoneByJoining) {
     }
 }
 
-TEST(base_Process, HasAName) { EXPECT_EQ(OrvBasProgramName(), "base_tests"); }
+TEST(base_Process, HasAName) { EXPECT_THAT(OrvBasProgramName().str(), testing::AnyOf("base_tests", "base_tests.exe")); }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <base/OrvBasOmniSSELevel.h>
 #include <frame/OrvLumUtf.h>
 #include <support/ChildProcess.h>
+#include <support/UnstartedLibrary.h>
 
 #include <gtest/gtest.h>
 
@@ -11,18 +12,15 @@ namespace {
 constexpr const char* level = "VLM_SSE_LEVEL";
 constexpr const char* notified = "VLM_SSE_LEVEL_NOTIFIED";
 
-/// Sets the variable, or unsets it for null.
-void Put(const char* name, const char* value) { value == nullptr ? unsetenv(name) : setenv(name, value, 1); }
-
 /// Starts the module twice in a fresh process, after the level was forced to `before` quietly unless that is null.
 /// `err` holds the level's number, a blank, and what stands in the notice variable afterwards.
 ChildResult StartWith(const char* before, const char* levelValue, const char* notifiedValue) {
     return RunInChild([&] {
-        Put(notified, "");
-        Put(level, before);
+        SetVariable(notified, "");
+        SetVariable(level, before);
         OrvBasOmniSetSSELevel();
-        Put(level, levelValue);
-        Put(notified, notifiedValue);
+        SetVariable(level, levelValue);
+        SetVariable(notified, notifiedValue);
         int count = 0;
         OrvLumUtf_initialize(count);
         OrvLumUtf_initialize(count);
@@ -73,16 +71,24 @@ TEST(SSELevel, WithoutOverrideTheProcessorIsAsked) {
 #endif
 }
 
+/// Runs by itself too; in the next test's grandchild it finds the level forced and told.
+TEST(SSELevel, Scenario) {
+    testing::internal::CaptureStdout();
+    OrvBasOmniSetSSELevel();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
 TEST(SSELevel, NoticeReachesOneProcessOfATree) {
     const ChildResult child = RunInChild([] {
-        Put(level, "SSE2");
-        Put(notified, nullptr);
+        SetVariable(level, "SSE2");
+        SetVariable(notified, nullptr);
         OrvBasOmniSetSSELevel();
-        const pid_t grandchild = fork();
+        const ChildResult grandchild = RunTest("SSELevel.Scenario", {});
         OrvBasOmniSetSSELevel();
-        if (grandchild != 0) waitpid(grandchild, nullptr, 0);
+        _exit(grandchild.exitCode);  // writes no buffer
         return 0;
     });
+    EXPECT_EQ(child.exitCode, 0);
     EXPECT_EQ(child.out, ">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: SSE 2\n");
 }
 

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
         for (const auto& entry : std::filesystem::directory_iterator(argv[1])) {
             std::ifstream in(entry.path(), std::ios::binary);
             const std::string bytes{std::istreambuf_iterator<char>(in), {}};
-            std::fprintf(stderr, "%s\n", entry.path().c_str());  // the last one is the one that failed
+            std::fprintf(stderr, "%s\n", entry.path().string().c_str());  // the last one is the one that failed
             LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
             ++runs;
         }

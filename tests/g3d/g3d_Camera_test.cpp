@@ -497,14 +497,14 @@ TEST(g3d_Camera, ZoomTowardsAPointByTheEnvironment) {
         {nullptr, 1}, {"2", 2}, {" +3x", 3}, {"7", 3}, {"99999999999999999999", 3}, {"0", 1}, {"text", 1}, {"-2", 1}};
     for (const auto& [value, mode] : settings) {
         const ChildResult child = RunInChild([text = value] {
-            text == nullptr ? unsetenv("VLM_ZOOM_TOWARD") : setenv("VLM_ZOOM_TOWARD", text, 1);
+            SetVariable("VLM_ZOOM_TOWARD", text);
             for (const float percent : {50.0F, -50.0F}) {
                 for (const bool keepPoint : {true, false}) {
                     g3d_Camera camera = Parallel();
                     camera.ZoomTo(1, 2, percent, keepPoint, false);
                     const double x = camera.GetTarget().X(), y = camera.GetTarget().Y();
                     std::printf("%g %g, ", x, y);
-                    setenv("VLM_ZOOM_TOWARD", "2", 1);  // not read again
+                    SetVariable("VLM_ZOOM_TOWARD", "2");  // not read again
                 }
             }
             return 0;

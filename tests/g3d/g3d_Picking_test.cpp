@@ -229,11 +229,11 @@ TEST_F(g3d_Picking, SegmentsCrossInclusivelyAndParallelOnesNever) {
         const int size = k % 2 == 0 ? 3 : 100000;
         const g3d_Point p[4] = {random.OnGrid(size), random.OnGrid(size), random.OnGrid(size), random.OnGrid(size)};
         const auto cross = [&](int i, int j, int k0, int k1) {  // of the steps i to j and k0 to k1
-            return std::lround((double{p[j].X()} - p[i].X()) * (double{p[k1].Y()} - p[k0].Y()) -
-                               (double{p[j].Y()} - p[i].Y()) * (double{p[k1].X()} - p[k0].X()));
+            return std::llround((double{p[j].X()} - p[i].X()) * (double{p[k1].Y()} - p[k0].Y()) -
+                                (double{p[j].Y()} - p[i].Y()) * (double{p[k1].X()} - p[k0].X()));
         };
-        const long det = cross(0, 1, 2, 3), sign = det < 0 ? -1 : 1, whole = sign * det;
-        const long s0 = sign * cross(0, 2, 2, 3), t0 = sign * cross(0, 2, 0, 1);
+        const long long det = cross(0, 1, 2, 3), sign = det < 0 ? -1 : 1, whole = sign * det;
+        const long long s0 = sign * cross(0, 2, 2, 3), t0 = sign * cross(0, 2, 0, 1);
         const bool expected = det != 0 && 0 <= s0 && s0 <= whole && 0 <= t0 && t0 <= whole;
         s[0] = t[0] = -7.0;
         ASSERT_EQ(Utils::DoLinesCross2D(p[0], p[1], p[2], p[3], s[0], t[0]), expected);

@@ -4,6 +4,7 @@
 #include <gsl/gsl_TriOctree.h>
 #include <gsl/gsl_TriTriDirDist.h>
 #include <gsl/gsl_TriTriMinDirectionalDist.h>
+#include <support/Environment.h>
 #include <support/RandomGeometry.h>
 
 #include <gtest/gtest.h>
@@ -275,7 +276,7 @@ TEST(gsl_DirDist, Trace) {
     const auto home = std::filesystem::current_path(), folder = std::filesystem::path(testing::TempDir()) / "orv_trace";
     std::filesystem::create_directories(folder);
     std::filesystem::current_path(folder);
-    setenv("QRT_TRITRIDIRDIST_DEBUG", "", 1);
+    SetVariable("QRT_TRITRIDIRDIST_DEBUG", "");
     const auto traced = [](double x, double entry) {
         (void)Searched({tile}, {Moved(tile, gsl_Vector(x, 0.0, 2.5))}, down, 0, 1).Find(entry);
         std::ostringstream text;
@@ -286,7 +287,7 @@ TEST(gsl_DirDist, Trace) {
     EXPECT_EQ(traced(0, large), nodes + "  Bbox distance: 2.500000\n  Distance: 2.500000\n");
     EXPECT_EQ(traced(0, 2), nodes + "  Bbox distance: 2.500000\n  Rejecting based on the face bbox check\n");
     EXPECT_EQ(traced(9, large), nodes + "  BBox did not intersect\n");
-    unsetenv("QRT_TRITRIDIRDIST_DEBUG");
+    SetVariable("QRT_TRITRIDIRDIST_DEBUG", nullptr);
     std::filesystem::remove("TriTriDirDist.dat");
     EXPECT_EQ(traced(0, large), "");
     std::filesystem::current_path(home);

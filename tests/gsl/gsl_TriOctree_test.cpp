@@ -68,7 +68,7 @@ TEST(gsl_TriOctree, BoundsNamesAndTreesThatCannotBe) {
     EXPECT_TRUE(root.GetChildAtIndex(7)->Add({1, 2, 0.5}, {1, 2, 0.5}, {1, 2, 0.5}, 5) && !root.IsEmpty(7));
     EXPECT_EQ(root.GetTriangleCount(), 2U);  // counted along the parents
     const auto printed = [](const gsl_TriOctree& printable) {
-        std::FILE* const file = std::tmpfile();
+        std::FILE* const file = TemporaryFile();
         printable.Print(file);
         return TakeText(file);
     };

@@ -339,7 +339,7 @@ TEST(omu_Arguments, NothingAndNestedTooDeeplyAreTypeErrors) {
 /// Runs by itself as the environment is, and in the processes of the next test, which it tells what holds.
 TEST(omu_Arguments, DeprecatedScenario) {
     const bool accepted = omu_Arguments::DeprecatedAccepted();
-    setenv("VELMOR_DEPRECATED", accepted ? "OFF" : "ON", 1);
+    SetVariable("VELMOR_DEPRECATED", accepted ? "OFF" : "ON");
     EXPECT_EQ(omu_Arguments::DeprecatedAccepted(), accepted) << "read once";
 
     omu_Arguments keywords;

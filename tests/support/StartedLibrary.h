@@ -3,6 +3,7 @@
 
 #include <base/cls_MetadataRegistrar.h>
 #include <frame/OrvLumGeom.h>
+#include <support/UnstartedLibrary.h>
 
 #include <gtest/gtest.h>
 

@@ -2,6 +2,7 @@
 // beside plain loops in both of its bodies, and what is odd about each routine, once.
 
 #include <base/OrvBasOmniSSELevel.h>
+#include <support/Environment.h>
 #include <support/Jacobi.h>
 #include <support/SymmetricMatrices.h>
 #include <utf/utf_flat.h>
@@ -119,9 +120,9 @@ TEST(Flat, ArraysInBothBodies) {
     SCOPED_TRACE("seed 6");
     std::mt19937_64 random(6);
     std::normal_distribution<double> normal;
-    setenv("VLM_SSE_LEVEL_NOTIFIED", "1", 1);
+    SetVariable("VLM_SSE_LEVEL_NOTIFIED", "1");
     for (const char* level : {"NONE", "AVX"}) {
-        setenv("VLM_SSE_LEVEL", level, 1);
+        SetVariable("VLM_SSE_LEVEL", level);
         OrvBasOmniSetSSELevel();
         for (unsigned l = 1; l < 20; ++l) {
             const unsigned m = 1 + l % 4, n = 1 + l % 3;

@@ -8,6 +8,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <span>
 
 /// An attribute of annotations of the class A as scripts see it.
 template <class A>
@@ -20,6 +21,10 @@ struct annC_Attribute {
 
     std::function<std::unique_ptr<omu_Primitive>(const A& annotation)> value;
 };
+
+/// The table of the attributes; defined for each A beside its scripting object.
+template <class A>
+[[nodiscard]] std::span<const annC_Attribute<A>> annC_Attributes();
 
 // The kinds of attributes. Each has an argument to read into, with its `Value` in it, the reverse, and a check.
 

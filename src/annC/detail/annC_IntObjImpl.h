@@ -37,7 +37,7 @@ void annC_IntObj<A>::Read(omu_Arguments& arguments, const char* command) {
     std::vector<std::function<void()>> checks;
     arguments.Begin();
     arguments.Optional();
-    for (const annC_Attribute<A>& attribute : Attributes()) checks.push_back(attribute.read(arguments, draft));
+    for (const annC_Attribute<A>& attribute : annC_Attributes<A>()) checks.push_back(attribute.read(arguments, draft));
     arguments.End(command);
     for (const auto& check : checks) {
         if (check) check();
@@ -62,13 +62,13 @@ auto annC_IntObj<A>::Translated(omu_Arguments& arguments, const char* command, c
 template <class A>
 cow_List<cow_String> annC_IntObj<A>::Members() {
     cow_List<cow_String> members;
-    for (const annC_Attribute<A>& attribute : Attributes()) members.Append(attribute.keyword);
+    for (const annC_Attribute<A>& attribute : annC_Attributes<A>()) members.Append(attribute.keyword);
     return members;
 }
 
 template <class A>
 std::unique_ptr<omu_Primitive> annC_IntObj<A>::Member(const cow_String& name) const {
-    for (const annC_Attribute<A>& attribute : Attributes()) {
+    for (const annC_Attribute<A>& attribute : annC_Attributes<A>()) {
         if (name == attribute.keyword) return attribute.value(*_annotation);
     }
     nex_Throw(omu_AttributeErrorException(omu_AttribText,
@@ -79,7 +79,7 @@ template <class A>
 cow_String annC_IntObj<A>::AsString() const {
     std::string text = A::constructorCmd();
     const char* before = "(";
-    for (const annC_Attribute<A>& attribute : Attributes()) {
+    for (const annC_Attribute<A>& attribute : annC_Attributes<A>()) {
         text.append(before).append(attribute.keyword).append("=");
         attribute.value(*_annotation)->AppendString(text);
         before = ", ";

@@ -24,7 +24,7 @@ private:
     utf_Quaternion<T> _quaternion;
 };
 
-extern template class ORV_EXPORT utf_QuaternionAdapter<float>;
-extern template class ORV_EXPORT utf_QuaternionAdapter<double>;
+ORV_EXTERN_TEMPLATE(utf_QuaternionAdapter<float>);
+ORV_EXTERN_TEMPLATE(utf_QuaternionAdapter<double>);
 
 #endif
