@@ -101,7 +101,7 @@ void PrintStresses(std::ostream& out, const frd_Model& model, const host_Set& se
         out << "    principal values at node " << model.nodes[set.stresses->nodes[row]].number << '\n';
         const std::array<double, 9>& d = stresses.directions[row];
         for (std::size_t i = 0; i < 3; ++i)
-            out << "      " << std::setw(14) << stresses.principal[row].at(i) << "along "
+            out << "      " << std::setw(16) << stresses.principal[row].at(i) << "along "
                 << gsl_Vector(d.at(3 * i), d.at(3 * i + 1), d.at(3 * i + 2)) << '\n';
     }
 }
