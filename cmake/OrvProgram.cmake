@@ -1,11 +1,18 @@
 # The programs around the library. All of them land in bin/ of the build directory and run from there.
 #
-#   orv_program(<target> <sources>...)   an executable under the house's flags that stands on the library
+#   orv_host_code(<target>)              the house's flags for code around the library
+#   orv_program(<target> <sources>...)   an executable under these flags that stands on the library
 #   orv_test(<folder>)                   one executable of all tests/<folder>/*_test.cpp, label = folder
+
+# The daily build optimises the library as it is shipped, and what stands around it less: that takes most of the time.
+function(orv_host_code target)
+    orv_own_code(${target})
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Dev>:-O1>)
+endfunction()
 
 function(orv_program target)
     add_executable(${target} ${ARGN})
-    orv_own_code(${target})
+    orv_host_code(${target})
     target_link_libraries(${target} PRIVATE OrvLumGeom::OrvLumGeom)
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/bin")
 endfunction()
