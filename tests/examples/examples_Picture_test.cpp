@@ -121,7 +121,7 @@ TEST(Picture, ShowsWhatRaysMeetFirst) {
         host_ModelPainter(scene, width, height).Paint(raster);
 
         const g3d_Viewport viewport(0.0, 0.0, width, height);
-        std::array<std::array<std::optional<Hit>, width>, height> hits;
+        std::vector<std::array<std::optional<Hit>, width>> hits(height);  // too many for a small stack
         for (std::size_t row = 0; row < height; ++row)
             for (std::size_t column = 0; column < width; ++column)
                 hits[row][column] =
