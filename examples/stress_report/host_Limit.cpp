@@ -14,7 +14,7 @@ void host_GiveLimit(host_Limit& limit, const std::string& text) {
     omu_Arguments arguments;
     double number = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (StateName state(host_Limit().GetState()); state.SetValue(text.c_str()))
+    if (StateName state(mdl_PropAttributeStateEnm::UNSET); state.SetValue(text.c_str()))
         arguments.Put(state.Copy(), keyword);
     else if (error == std::errc() && end == text.data() + text.size())
         arguments.Put(number, keyword);

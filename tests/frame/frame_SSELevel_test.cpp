@@ -79,17 +79,24 @@ TEST(SSELevel, Scenario) {
 }
 
 TEST(SSELevel, NoticeReachesOneProcessOfATree) {
-    const ChildResult child = RunInChild([] {
+    const auto force = [] {
         SetVariable(level, "SSE2");
         SetVariable(notified, nullptr);
         OrvBasOmniSetSSELevel();
+    };
+    const ChildResult child = RunInChild([force] {
+        force();
         const ChildResult grandchild = RunTest("SSELevel.Scenario", {});
         OrvBasOmniSetSSELevel();
-        _exit(grandchild.exitCode);  // writes no buffer
-        return 0;
+        return grandchild.exitCode;
     });
     EXPECT_EQ(child.exitCode, 0);
     EXPECT_EQ(child.out, ">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: SSE 2\n");
+    const ChildResult cutOff = RunInChild([force]() -> int {
+        force();
+        _exit(0);  // writes no buffer, which a fork would have doubled
+    });
+    EXPECT_EQ(cutOff.out, child.out);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <support/Environment.h>
 
 #if defined(_WIN32)
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <io.h>
 #include <process.h>

@@ -43,7 +43,10 @@ private:
 
     [[nodiscard]] static T* Get() noexcept { return Own(); }
     static void Set(T* pointer) noexcept {
-        static thread_local const AtThreadEnd atThreadEnd;
+        // Null may come when the guard is gone already, whose definition must not be passed again then.
+        if (pointer != nullptr) {
+            static thread_local const AtThreadEnd atThreadEnd;
+        }
         Own() = pointer;
     }
 
