@@ -209,6 +209,7 @@ void AddGreatest(annC_AnnotationContainer& container, const host_Scene& scene, s
     const auto seen = inMillimeters.ToPixel(scene.camera, scene.positions[node]);
     if (!seen) return;
     const annC_DrawPoint point{(*seen)[0], (*seen)[1]};
+    if (!page.IsForModel(point.x, point.y)) return;
     const Coverage coverage(scene, page);
 
     const auto& [x, y, z] = scene.positions[node];

@@ -20,7 +20,7 @@ struct host_Captions {
 
 /// The title, the texts of the legend, the axes as the scene's camera sees them, and an arrow with a label at a node: a
 /// model point, so that it follows the model. The label is put where it covers little of the model and nothing else;
-/// the arrow is dashed when the node is hidden. No arrow when there is no such node or the camera does not see it.
+/// the arrow is dashed when the node is hidden. Neither when there is no such node or it is out of the picture.
 ///
 /// Only positions, values, faces, range and camera of the scene count; the camera's window has the picture's shape.
 [[nodiscard]] annC_AnnotationContainer host_Annotations(const host_Scene& scene, const host_Captions& captions,

@@ -20,6 +20,11 @@ struct host_Page {
     static constexpr double leftMargin = 62.0, topMargin = 32.0, rightMargin = 14.0, bottomMargin = 14.0;
     /// A model that is shown larger stays out of this much of the left and upper margin.
     static constexpr double leftColumn = 57.0, topStrip = 27.0;
+
+    /// Whether the model may show there, millimetres to the right and down.
+    [[nodiscard]] bool IsForModel(double x, double y) const {
+        return leftColumn <= x && x <= width && topStrip <= y && y <= height;
+    }
 };
 
 /// The legend's boxes, in millimetres from the upper left corner of the page: the first stands for the greatest values.

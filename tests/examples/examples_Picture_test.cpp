@@ -232,7 +232,11 @@ TEST(Picture, LeavesAnnotationsApart) {
             host_Scene scene = Bench();
             scene.bands = 24;
             scene.camera = host_FittedCamera(scene.positions, {view, true}, width, height);
-            scene.annotations = host_Annotations(scene, {"Title", "below", "Quantity", "MPa"}, 7, "2 MPa at node 7");
+            const auto annotate = [&scene] {
+                scene.annotations =
+                    host_Annotations(scene, {"Title", "below", "Quantity", "MPa"}, 7, "2 MPa at node 7");
+            };
+            annotate();
             const host_ModelImage image = host_PaintModel(scene, width, height);
             const host_Canvas canvas(width, height, host_PictureFormat::Png);
             const g3d_Viewport viewport(0.0, 0.0, width, height);
@@ -256,6 +260,10 @@ TEST(Picture, LeavesAnnotationsApart) {
             ASSERT_NE(arrow, nullptr);
             EXPECT_EQ(*arrow->EndAnchor(), annC_Point3DAnchor(2.0, 1.0, 1.0));
             EXPECT_EQ(arrow->EndPointX(), 0.0);
+
+            scene.camera = host_FittedCamera(scene.positions, {view, true, 8.0}, width, height);
+            annotate();
+            EXPECT_FALSE(scene.annotations.IsMember("greatest")) << "out of the picture";
         }
     }
 }
