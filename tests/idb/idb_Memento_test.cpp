@@ -317,6 +317,7 @@ TEST(idb_Dump, ShowsClassFieldValueAndOffset) {
     for (const char* line : {"text  string  \"nul\\x00inside\"\n", "base part  Shape 0x007f0010\n",
                              "2 values, 1 columns: 7, 4294967295\n"})
         EXPECT_THAT(text.str(), HasSubstr(line));
+    EXPECT_THAT(text.str(), testing::Not(HasSubstr("nothing that can be read")));
 
     bio_Ifilter unknown(FromHex("99 99 00 00 01 00 00 00 00"));
     EXPECT_EQ(idb_Dump(text, unknown, TestRegistrar()), 1);
