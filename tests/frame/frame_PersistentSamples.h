@@ -13,7 +13,6 @@
 #include <support/streams.h>
 #include <support/values.h>
 
-#include <cstring>
 #include <functional>
 #include <memory>
 #include <string>
@@ -27,8 +26,6 @@ struct PersistentSamples {
     std::string written;  ///< the samples, one root each
     /// Reads all roots of a stream as objects of the class and gives what they write.
     std::function<std::string(const std::string&)> rewrite;
-    /// Whether the roots of a stream are equal to the samples, as far as the class can compare.
-    std::function<bool(const std::string&)> areIn;
 };
 
 /// A text as an object: a class of the registrar without a C++ type.
@@ -39,53 +36,26 @@ struct TextObject {
     Text text;
 
     explicit TextObject(const char* t) : text(t) {}
-    bool operator==(const TextObject& other) const = default;
     static unsigned TypeId() { return id; }
     void DBWrite(const cls_WriteVisitor& v) const { v.Write(field, text); }
     explicit TextObject(const cls_ReadVisitor& v) : text(v.Read(field, Text())) {}
 };
 
 template <class T>
-std::shared_ptr<const T> ReadSample(bio_Ifilter& in, const cls_ClassRegistrar& registrar) {
-    if constexpr (std::is_abstract_v<T>)
-        return idb_ReadShared<T>(in, registrar);
-    else
-        return std::make_shared<T>(idb_ReadObject<T>(in, registrar));
-}
-
-template <class T>
-bool IsSameSample(const T& a, const T& b) {
-    if constexpr (std::derived_from<T, std::exception>)
-        return std::strcmp(a.what(), b.what()) == 0;
-    else if constexpr (requires { a == b; })
-        return a == b;
-    else
-        return true;  // the bytes tell
-}
-
-template <class T>
-PersistentSamples SamplesOf(const cls_ClassRegistrar& registrar, std::vector<std::shared_ptr<const T>> objects) {
+PersistentSamples SamplesOf(const cls_ClassRegistrar& registrar, const std::vector<std::shared_ptr<const T>>& objects) {
     bio_Ofilter out;
     for (const auto& object : objects) idb_WriteObject(out, registrar, *object);
     const unsigned id = cls_DynTypeId(*objects.front());
-    const auto readAll = [&registrar](const std::string& bytes) {
-        bio_Ifilter in(bytes);
-        std::vector<std::shared_ptr<const T>> read;
-        while (in.Remaining() > 0) read.push_back(ReadSample<T>(in, registrar));
-        return read;
-    };
-    return {registrar.Find(id)->Name().str(), id, out.Bytes(),
-            [&registrar, readAll](const std::string& bytes) {
+    return {registrar.Find(id)->Name().str(), id, out.Bytes(), [&registrar](const std::string& bytes) {
+                bio_Ifilter in(bytes);
                 bio_Ofilter again;
-                // A root without an object is one of a class that only its base can read.
-                for (const auto& object : readAll(bytes))
-                    if (object != nullptr) idb_WriteObject(again, registrar, *object);
+                while (in.Remaining() > 0) {
+                    if constexpr (!std::is_abstract_v<T>)
+                        idb_WriteObject(again, registrar, idb_ReadObject<T>(in, registrar));
+                    else if (const auto object = idb_ReadShared<T>(in, registrar))  // null: only its base can read it
+                        idb_WriteObject(again, registrar, *object);
+                }
                 return again.Bytes();
-            },
-            [objects, readAll](const std::string& bytes) {
-                const auto read = readAll(bytes);
-                return std::equal(read.begin(), read.end(), objects.begin(), objects.end(),
-                                  [](const auto& a, const auto& b) { return IsSameSample<T>(*a, *b); });
             }};
 }
 

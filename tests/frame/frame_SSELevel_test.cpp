@@ -12,10 +12,10 @@ namespace {
 constexpr const char* level = "VLM_SSE_LEVEL";
 constexpr const char* notified = "VLM_SSE_LEVEL_NOTIFIED";
 
-/// Starts the module twice in a fresh process, after the level was forced to `before` quietly unless that is null.
-/// `err` holds the level's number, a blank, and what stands in the notice variable afterwards.
-ChildResult StartWith(const char* before, const char* levelValue, const char* notifiedValue) {
-    return RunInChild([&] {
+/// The level's number, what then stands in the notice variable, and what was printed, after two starts of the module in
+/// a fresh process in which the level had been forced to `before` quietly, unless that is null.
+std::string Started(const char* before, const char* levelValue, const char* notifiedValue) {
+    const ChildResult child = RunInChild([&] {
         SetVariable(notified, "");
         SetVariable(level, before);
         OrvBasOmniSetSSELevel();
@@ -25,9 +25,10 @@ ChildResult StartWith(const char* before, const char* levelValue, const char* no
         OrvLumUtf_initialize(count);
         OrvLumUtf_initialize(count);
         const char* const after = std::getenv(notified);
-        std::fprintf(stderr, "%d %s", OrvBasOmniGetSSELevel(), after == nullptr ? "(unset)" : after);
+        std::fprintf(stderr, "%d %s\n", OrvBasOmniGetSSELevel(), after == nullptr ? "(unset)" : after);
         return 0;
     });
+    return child.err + child.out;
 }
 
 TEST(SSELevel, EachKeywordForcesItsLevelAndIsToldOnce) {
@@ -37,37 +38,26 @@ TEST(SSELevel, EachKeywordForcesItsLevelAndIsToldOnce) {
         {"NONE", "2", "NO SSE"},
     };
     for (const auto& [keyword, word, displayName] : levels) {
-        const ChildResult told = StartWith(nullptr, keyword, nullptr);
-        EXPECT_EQ(told.err, word + " 1");
-        EXPECT_EQ(told.out, ">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: " + displayName + "\n");
-        for (const char* already : {"0", ""}) {
-            const ChildResult quiet = StartWith(nullptr, keyword, already);
-            EXPECT_EQ(quiet.err, word + " " + already);
-            EXPECT_EQ(quiet.out, "");
-        }
+        EXPECT_EQ(Started(nullptr, keyword, nullptr),
+                  word + " 1\n>>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: " + displayName + "\n");
+        for (const char* already : {"0", ""})
+            EXPECT_EQ(Started(nullptr, keyword, already), word + " " + already + "\n");
     }
-}
-
-TEST(SSELevel, AnyOtherValueLeavesEverythingAlone) {
-    for (const char* value : {"sse2", "Avx", "AVX ", " AVX", "AVX2", "SSE", "SSE4.1", ""}) {
-        const ChildResult child = StartWith("SSSE3", value, nullptr);
-        EXPECT_EQ(child.err, "4096 (unset)") << value;
-        EXPECT_EQ(child.out, "") << value;
-    }
+    for (const char* other : {"sse2", "Avx", "AVX ", " AVX", "AVX2", "SSE", "SSE4.1", ""})
+        EXPECT_EQ(Started("SSSE3", other, nullptr), "4096 (unset)\n") << other;
 }
 
 TEST(SSELevel, WithoutOverrideTheProcessorIsAsked) {
-    const ChildResult child = StartWith(nullptr, nullptr, nullptr);
-    EXPECT_EQ(child.out, "");
+    const std::string detected = Started(nullptr, nullptr, nullptr);
 #if defined(__x86_64__)
     if (__builtin_cpu_supports("avx"))
-        EXPECT_EQ(child.err, "131072 (unset)");
+        EXPECT_EQ(detected, "131072 (unset)\n");
     else if (__builtin_cpu_supports("sse4.2"))
-        EXPECT_EQ(child.err, "32768 (unset)");
+        EXPECT_EQ(detected, "32768 (unset)\n");
     else
-        EXPECT_GE(std::stoi(child.err), 512);  // too old a machine to say more
+        EXPECT_GE(std::stoi(detected), 512);  // too old a machine to say more
 #else
-    EXPECT_EQ(child.err, "2 (unset)");
+    EXPECT_EQ(detected, "2 (unset)\n");
 #endif
 }
 
@@ -79,24 +69,19 @@ TEST(SSELevel, Scenario) {
 }
 
 TEST(SSELevel, NoticeReachesOneProcessOfATree) {
-    const auto force = [] {
-        SetVariable(level, "SSE2");
-        SetVariable(notified, nullptr);
-        OrvBasOmniSetSSELevel();
-    };
-    const ChildResult child = RunInChild([force] {
-        force();
-        const ChildResult grandchild = RunTest("SSELevel.Scenario", {});
-        OrvBasOmniSetSSELevel();
-        return grandchild.exitCode;
-    });
-    EXPECT_EQ(child.exitCode, 0);
-    EXPECT_EQ(child.out, ">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: SSE 2\n");
-    const ChildResult cutOff = RunInChild([force]() -> int {
-        force();
-        _exit(0);  // writes no buffer, which a fork would have doubled
-    });
-    EXPECT_EQ(cutOff.out, child.out);
+    for (const bool cutOff : {false, true}) {
+        const ChildResult child = RunInChild([cutOff] {
+            SetVariable(level, "SSE2");
+            SetVariable(notified, nullptr);
+            OrvBasOmniSetSSELevel();
+            if (cutOff) _exit(0);  // writes no buffer, which a fork would have doubled
+            const ChildResult grandchild = RunTest("SSELevel.Scenario", {});
+            OrvBasOmniSetSSELevel();
+            return grandchild.exitCode;
+        });
+        EXPECT_EQ(child.exitCode, 0);
+        EXPECT_EQ(child.out, ">>> SSE LEVEL OVERRIDE! ENFORCED LEVEL: SSE 2\n");
+    }
 }
 
 }  // namespace

