@@ -4,6 +4,7 @@
 
 #include <base/nex_PrimException.h>
 #include <base/nex_RangeException.h>
+#include <base/typ_ArchCompTable.h>
 #include <idb/idb_AgentBlob.h>
 #include <idb/idb_Dump.h>
 #include <idb/idb_ReadListObj.h>
@@ -226,7 +227,13 @@ TEST(idb_Memento, AWrongClassIsReportedAndReadAsTheExpectedOne) {
               "Error constructing object for 30a0002 does not inherit from 30a0001\n"
               "Error constructing object for gsl_Matrix does not inherit from gsl_Point\n");
 
-    // A derived class is taken without a word, an unrelated one is refused where an object is to be made.
+    // A derived class is taken without a word, whether the registrar knows it for one or the type table; an unrelated
+    // one is refused where an object is to be made.
+    constexpr typ_Entry types[] = {{0, 1, nullptr}, {7, gsl_Point::TypeId(), "Small"}};
+    typ_ArchCompTable::InsertEntry(0x7F, typ_ArchCompEntry(types, 2));
+    bio_Ifilter named(Written(TestRegistrar(), Small(3, "three")));
+    EXPECT_EQ(idb_MementoRead(named, TestRegistrar(), gsl_Point::TypeId()).ClassId(), Small::TypeId());
+    typ_ArchCompTable::Clear();
     bio_Ifilter derived(Written(TestRegistrar(), Square(2.0)));
     EXPECT_EQ(idb_ReadObject<Square>(derived, TestRegistrar()).Area(), 4.0);
     bio_Ifilter abstract(FromHex("10 00 7f 00 01 00 00 00 00 04 00 00 00"));

@@ -12,6 +12,12 @@
 #include <random>
 #include <sstream>
 
+/// A target of a bridge, for which nothing is right.
+struct Undetermined {};
+[[nodiscard]] static bool omu_TakeArgument(const omu_Primitive&, Undetermined&) { return false; }
+template <>
+inline constexpr const char* omu_ExpectedName<Undetermined> = "Undetermined";
+
 namespace {
 
 /// Index of the class, and message, of what `End` throws; empty when it throws nothing.
@@ -330,6 +336,19 @@ TEST(omu_Arguments, NothingAndNestedTooDeeplyAreTypeErrors) {
     }
 }
 
+TEST(omu_Arguments, AWrongTypeOfThatNameIsTakenForAMissingKeyword) {
+    Undetermined undetermined;
+    int number = 0;
+    for (const bool isExpected : {false, true}) {
+        omu_Arguments arguments;
+        arguments.Put(omu_PrimEnumBase("Undetermined"), "key");
+        arguments.Begin();
+        isExpected ? arguments.Get(undetermined, "key") : arguments.Get(number, "key");
+        EXPECT_TRUE(arguments.Error());
+        EXPECT_EQ(Ended(arguments), "");
+    }
+}
+
 // ---- Deprecated arguments
 
 /// Runs by itself as the environment is, and in the processes of the next test, which it tells what holds.
@@ -365,6 +384,14 @@ TEST(omu_Arguments, DeprecatedScenario) {
     EXPECT_EQ(old, accepted ? 3 : -1);
     EXPECT_EQ(current, accepted ? -1 : 3) << "refused, the argument is the next one's";
     EXPECT_EQ(Show(positional.DeprecatedArgsUsed()), accepted ? "('old',)" : "()");
+
+    omu_Arguments wrong;
+    wrong.Put("ten");
+    wrong.Put(3, "old");
+    wrong.Begin();
+    wrong.Get(current);
+    wrong.DeprecatedGet(old, "old");
+    EXPECT_EQ(wrong.DeprecatedArgsUsed().Length(), 0) << "not read after an error";
 
     omu_Arguments again;
     again.Put("ten", "size");
