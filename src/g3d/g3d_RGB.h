@@ -7,7 +7,7 @@
 
 #include <stdint.h>  // NOLINT(modernize-deprecated-headers): C reads this header too
 
-/* NOLINTBEGIN(modernize-use-using,bugprone-reserved-identifier): C, and the names that callers know */
+/* NOLINTBEGIN(modernize-use-using): C, and the names that callers know */
 
 /// Red, green, blue: 0 is no intensity, 65535 full intensity.
 typedef struct _RGB {
@@ -21,7 +21,7 @@ typedef struct _HSV {
     float h, s, v;
 } _HSV;
 
-/* NOLINTEND(modernize-use-using,bugprone-reserved-identifier) */
+/* NOLINTEND(modernize-use-using) */
 
 #ifdef __cplusplus
 extern "C" {
