@@ -48,11 +48,9 @@ Triple Pixel(const g3d_Camera& camera, const Point& point) {
 }
 
 bool HasFiniteMatrices(const g3d_Camera& camera) {
-    bool finite = true;
-    for (int k = 0; k < 16; ++k) {
-        finite = finite && std::isfinite(camera.GetVOM().M(0, k)) && std::isfinite(camera.GetPM().M(0, k));
-    }
-    return finite;
+    float zero = 0.0F;
+    for (int k = 0; k < 16; ++k) zero += 0.0F * camera.GetVOM().M(0, k) + 0.0F * camera.GetPM().M(0, k);
+    return zero == 0.0F;
 }
 
 /// Looks along -z at the origin from 10 away, 4 x 2 at the target, near 5 and far 15.
@@ -168,8 +166,7 @@ TEST(g3d_Camera, LocationsAreRepaired) {
     for (const auto& [eye, target, up, expectedEye, expectedUp] : cases) {
         g3d_Camera camera;
         camera.SetLocation(eye, target, up);
-        EXPECT_EQ(camera.GetLocation(), expectedEye);
-        EXPECT_EQ(camera.GetUp(), expectedUp);
+        EXPECT_EQ(std::pair(camera.GetLocation(), camera.GetUp()), std::pair(expectedEye, expectedUp));
         EXPECT_NEAR(camera.GetVOM().Determinant(), 1.0, 1e-5) << up.Z();  // a view all the same, and turned too
         if (eye == target && eye == expectedEye) continue;                // no direction to turn
         const g3d_XForm turned = camera.GetVOM() * g3d_XForm().SetRotate(-30, To(1, 2, 3));
@@ -183,10 +180,9 @@ TEST(g3d_Camera, LocationsAreRepaired) {
         camera.SetLocation(origin + direction * 7, origin, direction * 0.3F);
         EXPECT_NEAR(camera.GetVOM().Determinant(), 1.0, 1e-5);
     }
-    camera = Parallel();
-    camera.SetLocation(camera.GetTarget(), camera.GetLocation(), camera.GetUp());
-    EXPECT_EQ(camera.GetLocation(), origin);
-    EXPECT_EQ(camera.GetTarget(), At(0, 0, 10));
+    camera.SetLocation(at, origin, kY);
+    camera.SetLocation(camera.GetTarget(), camera.GetLocation(), camera.GetUp());  // its own, by reference
+    EXPECT_EQ(std::pair(camera.GetLocation(), camera.GetTarget()), std::pair(origin, at));
 }
 
 TEST(g3d_Camera, WindowsAndPlanesAreRepaired) {
@@ -299,18 +295,17 @@ TEST(g3d_Camera, FitsHoldWhatTheyFit) {
 }
 
 TEST(g3d_Camera, FitsAsTabulated) {
-    g3d_Camera parallel = Parallel(), perspective, small = Parallel(), unchanged = Parallel();
-    parallel.Fit(g3d_Sphere(origin, 1));
-    perspective.Fit(g3d_Sphere(origin, 1));
-    EXPECT_EQ(Fields(parallel), (Six{2.1F, 2.1F, 2, 6, 0, 0}));
-    EXPECT_EQ(Fields(perspective), (Six{1.05F, 1.05F, 2, 6, 0, 0}));
-    EXPECT_EQ(perspective.GetLocation(), At(4, 0, 0));
-    small.Fit(g3d_Sphere(origin, kNaN));
-    EXPECT_EQ(Window(small)[0], 2.1F * 0.0002F);
-    unchanged.Fit(g3d_BoundingVolume());
-    unchanged.Fit(g3d_BoundingVolume(std::array{At(kNaN, 0, 0)}));
-    unchanged.Fit(g3d_Sphere(At(kInfinity, 0, 0), 1));
-    EXPECT_EQ(unchanged, Parallel());
+    const auto fitted = [](g3d_Camera camera, const auto&... what) {
+        camera.Fit(what...);
+        return camera;
+    };
+    const g3d_Sphere unit(origin, 1);
+    EXPECT_EQ(Fields(fitted(Parallel(), unit)), (Six{2.1F, 2.1F, 2, 6, 0, 0}));
+    EXPECT_EQ(Fields(fitted(g3d_Camera(), unit)), (Six{1.05F, 1.05F, 2, 6, 0, 0}));
+    EXPECT_EQ(Window(fitted(Parallel(), g3d_Sphere(origin, kNaN)))[0], 2.1F * 0.0002F);
+    EXPECT_EQ(fitted(Parallel(), g3d_BoundingVolume()), Parallel());
+    EXPECT_EQ(fitted(Parallel(), g3d_BoundingVolume(std::array{At(kNaN, 0, 0)})), Parallel());
+    EXPECT_EQ(fitted(Parallel(), g3d_Sphere(At(kInfinity, 0, 0), 1)), Parallel());
 
     // The corners of a box as a perspective camera sees them: the nearest ones decide, at the near plane.
     g3d_Camera box = Perspective();
@@ -322,7 +317,7 @@ TEST(g3d_Camera, FitsAsTabulated) {
     EXPECT_EQ(Fields(box)[4], 0.0F);
 
     // A supplied view is kept, near and far too, and the view axis belongs to the extents: 0 to 6, not 5 to 6.
-    g3d_Camera supplied = Parallel();
+    g3d_Camera supplied = Parallel(), aimless;
     const g3d_XForm aside = g3d_XForm().SetTranslate(To(5, 0, 0));
     supplied.SetLayerXForm(true, &aside);
     supplied.Fit(origin, At(1, 1, 1));
@@ -330,13 +325,9 @@ TEST(g3d_Camera, FitsAsTabulated) {
     EXPECT_EQ(Fields(supplied), (Six{6 * 1.05F, 1.05F, 5, 15, 0, 0}));
 
     // Without a direction a sphere is seen along -z, a volume along +z.
-    g3d_Camera aimless;
     aimless.SetLocation(origin, origin, kY);
-    aimless.Fit(g3d_Sphere(origin, 1));
-    EXPECT_EQ(aimless.GetLocation(), At(0, 0, 4));
-    aimless.SetLocation(origin, origin, kY);
-    aimless.Fit(At(0, 0, -1), At(0, 0, 1));
-    EXPECT_EQ(aimless.GetLocation(), At(0, 0, -4));
+    EXPECT_EQ(fitted(aimless, unit).GetLocation(), At(0, 0, 4));
+    EXPECT_EQ(fitted(aimless, At(0, 0, -1), At(0, 0, 1)).GetLocation(), At(0, 0, -4));
 }
 
 TEST(g3d_Camera, OverlaysArePixelsAndKeepTheirWindow) {
@@ -404,12 +395,10 @@ TEST(g3d_Camera, ProjectionsConvertThereAndBack) {
 
 TEST(g3d_Camera, ZoomScalesTheWindowWithinItsBounds) {
     const float most = 1.0F - 99.0F / 100.0F;
-    const std::tuple<float, Pair> cases[] = {
-        {50.0F, {2, 1}}, {-50.0F, {8, 4}}, {150.0F, {4 * most, 2 * most}}, {kNaN, {4, 2}}};
-    for (const auto& [percent, window] : cases) {
+    for (const auto& [percent, scale] : {Pair{50, 0.5F}, Pair{-50, 2}, Pair{150, most}, Pair{kNaN, 1}}) {
         g3d_Camera camera = Parallel();
         camera.Zoom(percent, false);
-        EXPECT_EQ(Window(camera), window) << percent;
+        EXPECT_EQ(Window(camera), (Pair{4 * scale, 2 * scale})) << percent;
         EXPECT_EQ(camera.GetLocation(), At(0, 0, 10));
     }
     g3d_Camera in = Parallel(), out = Parallel();
@@ -531,8 +520,7 @@ TEST(g3d_Camera, ModelVolumeIsTurnedAboutAndHeldByNearAndFar) {
     for (const bool aboutModel : {true, false}) {
         g3d_Camera_SetTargetRotate(aboutModel);  // stores the negation
         g3d_Camera turned = camera, without = Parallel();
-        turned.Rotate(180, kY);
-        without.Rotate(180, kY);
+        for (g3d_Camera* each : {&turned, &without}) each->Rotate(180, kY);
         EXPECT_LT(Distance(turned.GetTarget(), aboutModel ? At(4, 0, 0) : origin), 1e-5);
         EXPECT_LT(Distance(without.GetTarget(), origin), 1e-5);
     }
@@ -546,10 +534,10 @@ TEST(g3d_Camera, ModelVolumeIsTurnedAboutAndHeldByNearAndFar) {
 }
 
 TEST(g3d_Camera, StandardViews) {
-    const std::tuple<int, g3d_Vector, g3d_Vector> views[] = {
-        {0, kZ, kY},           {1, To(0, 0, -1), kY}, {2, kY, To(0, 0, -1)},
-        {3, To(0, -1, 0), kZ}, {4, To(-1, 0, 0), kY}, {5, kX, kY},
-        {9, kZ, kY},           {-1, kZ, kY},          {6, To(1, 1, 1) * std::sqrt(1.0F / 3), kY}};
+    const g3d_Vector diagonal = To(1, 1, 1) * std::sqrt(1.0F / 3);
+    const std::tuple<int, g3d_Vector, g3d_Vector> views[] = {{0, kZ, kY},       {1, kZ * -1, kY}, {2, kY, kZ * -1},
+                                                             {3, kY * -1, kZ},  {4, kX * -1, kY}, {5, kX, kY},
+                                                             {6, diagonal, kY}, {9, kZ, kY},      {-1, kZ, kY}};
     for (const auto& [view, backward, up] : views) {
         g3d_Camera camera = Parallel();
         camera.Canned(g3d_Sphere(At(1, 1, 1), 2), static_cast<g3d_SavedViewIdEnum>(view));
