@@ -187,26 +187,24 @@ TEST(g3d_Camera, LocationsAreRepaired) {
 
 TEST(g3d_Camera, WindowsAndPlanesAreRepaired) {
     constexpr float widest = 3.4028235e31F, gap = 1e-5F, edge = kGreatest - kGreatest * gap;
-    const auto window = [](g3d_Camera& camera, const Pair& given) { camera.SetWindow(given[0], given[1]); };
-    const auto planes = [](g3d_Camera& camera, const Pair& given) { camera.SetNearFar(given[0], given[1]); };
-    const auto aspect = [](g3d_Camera& camera, const Pair& given) { camera.CorrectAspect(given[0], given[1]); };
-    const std::tuple<void (*)(g3d_Camera&, const Pair&), Pair, Pair> cases[] = {
-        {window, {1000, 1}, {1000, 2}},
-        {window, {1, 1000}, {2, 1000}},
-        {window, {kNaN, -1}, {1e-4F, 1e-4F}},
-        {window, {kInfinity, kGreatest}, {widest, widest}},
-        {planes, {0, 5}, {gap, 5}},
-        {planes, {kNaN, kNaN}, {gap, gap + gap * gap}},
-        {planes, {100, 100.0005F}, {100, 100 + 100 * gap}},
-        {planes, {1, kInfinity}, {1, kGreatest}},
-        {planes, {kInfinity, 1}, {edge, kGreatest}},
-        {aspect, {800, 800}, {4, 4}},
-        {aspect, {800, 200}, {8, 2}},
-        {aspect, {kNaN, 0}, {4, 2}}};
+    using Setter = void (g3d_Camera::*)(float, float) noexcept;
+    const Setter window = &g3d_Camera::SetWindow, planes = &g3d_Camera::SetNearFar, aspect = &g3d_Camera::CorrectAspect;
+    const std::tuple<Setter, Pair, Pair> cases[] = {{window, {1000, 1}, {1000, 2}},
+                                                    {window, {1, 1000}, {2, 1000}},
+                                                    {window, {kNaN, -1}, {1e-4F, 1e-4F}},
+                                                    {window, {kInfinity, kGreatest}, {widest, widest}},
+                                                    {planes, {0, 5}, {gap, 5}},
+                                                    {planes, {kNaN, kNaN}, {gap, gap + gap * gap}},
+                                                    {planes, {100, 100.0005F}, {100, 100 + 100 * gap}},
+                                                    {planes, {1, kInfinity}, {1, kGreatest}},
+                                                    {planes, {kInfinity, 1}, {edge, kGreatest}},
+                                                    {aspect, {800, 800}, {4, 4}},
+                                                    {aspect, {800, 200}, {8, 2}},
+                                                    {aspect, {kNaN, 0}, {4, 2}}};
     for (const auto& [set, given, kept] : cases) {
         g3d_Camera camera = Parallel();
-        set(camera, given);
-        EXPECT_EQ(set == +planes ? NearFar(camera) : Window(camera), kept);
+        (camera.*set)(given[0], given[1]);
+        EXPECT_EQ(set == planes ? NearFar(camera) : Window(camera), kept);
     }
     g3d_Camera close = Perspective();
     close.SetNearFar(1000, 2000);

@@ -17,14 +17,6 @@
 #include <tuple>
 #include <vector>
 
-// The flat interface as a caller in C links to it: by its plain names, with addresses for references.
-extern "C" {
-_HSV plainRGBToHSV(_RGB) __asm__("RGBToHSV");
-_RGB plainHSVToRGB(_HSV*) __asm__("HSVToRGB");
-extern const _RGB plainRGBWhite __asm__("RGBWhite");
-extern const _RGB plainRGBBlack __asm__("RGBBlack");
-}
-
 static bool operator==(const _RGB& a, const _RGB& b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
 static bool operator==(const _HSV& a, const _HSV& b) { return a.h == b.h && a.s == b.s && a.v == b.v; }
 static void PrintTo(const _RGB& c, std::ostream* out) { *out << c.r << ' ' << c.g << ' ' << c.b; }
@@ -34,7 +26,7 @@ namespace {
 
 using Colors = std::vector<g3d_Color>;
 
-constexpr _RGB kRed = {65535, 0, 0}, kGreen = {0, 65535, 0}, kBlue = {0, 0, 65535};
+constexpr _RGB kRed = {65535, 0, 0}, kGreen = {0, 65535, 0};
 
 struct Random : RandomFloats {
     using RandomFloats::RandomFloats;
@@ -46,13 +38,6 @@ struct Random : RandomFloats {
     float Any() { return std::bit_cast<float>(Whole(INT_MIN, INT_MAX)); }
     g3d_Color AnyColor() { return {Any(), Any(), Any(), Any()}; }
 };
-
-TEST(g3d_RGB, HasPlainSymbols) {
-    _HSV hsv = plainRGBToHSV(kBlue);
-    EXPECT_EQ(plainHSVToRGB(&hsv), kBlue);
-    EXPECT_EQ(hsv.h, 4.0F);
-    EXPECT_EQ(RGBToCMY(plainRGBWhite), plainRGBBlack);
-}
 
 TEST(g3d_RGB, ToHSVAndBack) {
     for (int level = 0; level < 65536; ++level) {
@@ -112,6 +97,7 @@ TEST(g3d_RGB, FractionsAndMixtures) {
     EXPECT_EQ(RGBDist(RGBBlack, RGBWhite), 3.0F);
     EXPECT_EQ(RGBDist({1, 5, 9}, {2, 3, 9}), 3.0F / 65535.0F);
     EXPECT_EQ(CMYToRGB({1, 2, 65535}), (_RGB{65534, 65533, 0}));
+    EXPECT_EQ(RGBToCMY(RGBWhite), RGBBlack);
 }
 
 TEST(g3d_Color, SetsFromPresetsColoursAndPackedBytes) {
