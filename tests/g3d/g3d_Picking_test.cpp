@@ -290,6 +290,7 @@ TEST_F(g3d_Picking, LinestringsAreJoinedAcrossVertices) {
     EXPECT_EQ(Utils::ClipLinestringToPolygon2D(box, line, pieces), g3d_ClipClipped);
     EXPECT_EQ(pieces, expected);
     EXPECT_EQ(Utils::ClipLinestringToRect2D(At(-9, 9), At(9, -9), line, pieces), g3d_ClipInside);
+    EXPECT_EQ(Utils::ClipLinestringToRect2D(At(-9, 9), At(9, -9), pieces.ConstGet(0), pieces), g3d_ClipInside);
     EXPECT_EQ(pieces, Pieces{line});
     EXPECT_EQ(Utils::ClipLinestringToRect2D(At(0, 4), At(4, 0), pieces.ConstGet(0), pieces), g3d_ClipClipped);
     EXPECT_EQ(pieces, expected);  // the input was one of the outputs
