@@ -1,14 +1,6 @@
 // Protects where annotations appear: the pixels of anchors, the layout of arrows and texts by its laws, that bounds and
 // hits agree with what is drawn, and that no input puts a number into the list that is not finite.
-
-#include <annC/annC_AnnotationClient.h>
-#include <annC/annC_Arrow.h>
-#include <annC/annC_Draw.h>
-#include <annC/annC_NamedAnchor.h>
-#include <annC/annC_Point3DAnchor.h>
-#include <annC/annC_ResolveAnchor.h>
-#include <annC/annC_Text.h>
-#include <annC/annC_ViewportAnchor.h>
+#include <annC/annC.h>
 #include <g3d/g3d_Camera.h>
 #include <g3d/g3d_Viewport.h>
 #include <support/RandomGeometry.h>

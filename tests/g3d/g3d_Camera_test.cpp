@@ -1,11 +1,8 @@
 // Protects the camera and what is built on it: both matrices against double precision, fits, zooms, moves and their
 // repairs, and that no input makes a matrix that is not finite.
-#include <g3d/g3d_Camera.h>
-#include <g3d/g3d_FrustumPlanes.h>
-#include <g3d/g3d_InterpolateCameras.h>
-#include <g3d/g3d_Sphere.h>
-#include <g3d/g3d_Viewport.h>
+#include <g3d/g3d.h>
 #include <support/ChildProcess.h>
+#include <support/RandomFloats.h>
 
 #include <gtest/gtest.h>
 
@@ -13,14 +10,10 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <iterator>
-#include <limits>
-#include <random>
 #include <string>
 #include <tuple>
-#include <valarray>
 #include <vector>
 
 namespace {
@@ -29,15 +22,11 @@ using Pair = std::array<float, 2>;
 using Six = std::array<float, 6>;
 using Triple = g3d_Viewport::Triple;
 
-constexpr float greatest = std::numeric_limits<float>::max();
-constexpr float infinity = std::numeric_limits<float>::infinity();
-constexpr float nan = std::numeric_limits<float>::quiet_NaN();
 const g3d_Viewport screen(100.0, 50.0, 1600.0, 1000.0);
+const g3d_Point origin;
 
 g3d_Point At(float x, float y, float z) { return {x, y, z}; }
 g3d_Vector To(float x, float y, float z) { return {x, y, z}; }
-const g3d_Point origin;
-const g3d_Vector xAxis = To(1, 0, 0), yAxis = To(0, 1, 0), zAxis = To(0, 0, 1);
 
 /// Width, height, near, far, offset x and y.
 Six Fields(const g3d_Camera& camera) {
@@ -55,21 +44,19 @@ double Distance(const Triple& a, const Triple& b) { return std::hypot(a[0] - b[0
 
 template <class Point>
 Triple Pixel(const g3d_Camera& camera, const Point& point) {
-    return screen.ToPixel(camera, point).value_or(Triple{nan, nan, nan});
+    return screen.ToPixel(camera, point).value_or(Triple{kNaN, kNaN, kNaN});
 }
 
 bool HasFiniteMatrices(const g3d_Camera& camera) {
-    bool finite = true;
-    for (int k = 0; k < 16; ++k) {
-        finite = finite && std::isfinite(camera.GetVOM().M(0, k)) && std::isfinite(camera.GetPM().M(0, k));
-    }
-    return finite;
+    float zero = 0.0F;
+    for (int k = 0; k < 16; ++k) zero += 0.0F * camera.GetVOM().M(0, k) + 0.0F * camera.GetPM().M(0, k);
+    return zero == 0.0F;
 }
 
 /// Looks along -z at the origin from 10 away, 4 x 2 at the target, near 5 and far 15.
 g3d_Camera Parallel() {
     g3d_Camera camera;
-    camera.SetLocation(At(0, 0, 10), origin, yAxis);
+    camera.SetLocation(At(0, 0, 10), origin, kY);
     camera.SetProjection(g3d_Camera::Parallel);
     camera.SetNearFar(5, 15);
     camera.SetWindow(4, 2);
@@ -81,15 +68,8 @@ g3d_Camera Perspective() {
     return camera;
 }
 
-class Random {
-public:
-    explicit Random(unsigned seed) : _trace(__FILE__, __LINE__, "seed " + std::to_string(seed)), _engine(seed) {}
-
-    float Number(double low, double high) {
-        return static_cast<float>(std::uniform_real_distribution<double>(low, high)(_engine));
-    }
-    int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(_engine); }
-    g3d_Vector Vector(double size = 1.0) { return {Number(-size, size), Number(-size, size), Number(-size, size)}; }
+struct Random : RandomFloats {
+    using RandomFloats::RandomFloats;
     g3d_Point Point(double size = 5.0) { return origin + Vector(size); }
 
     /// With offsets, and with the whole viewport unless `part`.
@@ -112,37 +92,27 @@ public:
 
     /// Any float, every other one of those that break things.
     float Nasty() {
-        constexpr float values[] = {0.0F, -0.0F, nan, infinity, -infinity, greatest, -greatest, 1e-45F, 1e30F, -1.0F};
-        return Below(2) == 0 ? values[Below(10)] : Number(-200.0, 200.0);
+        constexpr float values[] = {0.0F,      -0.0F,      kNaN,   kInfinity, -kInfinity,
+                                    kGreatest, -kGreatest, 1e-45F, 1e30F,     -1.0F};
+        return Whole(0, 1) == 0 ? values[Whole(0, 9)] : Number(-200.0, 200.0);
     }
     g3d_Vector NastyVector() { return {Nasty(), Nasty(), Nasty()}; }
-    g3d_Point NastyPoint() { return {Nasty(), Nasty(), Nasty(), Below(4) == 0 ? Nasty() : 1.0F}; }
-
-private:
-    testing::ScopedTrace _trace;
-    std::mt19937_64 _engine;
+    g3d_Point NastyPoint() { return {Nasty(), Nasty(), Nasty(), Whole(0, 3) == 0 ? Nasty() : 1.0F}; }
 };
 
 /// Where a point is on the screen, from the camera's fields, in double.
 Triple PixelByHand(const g3d_Camera& camera, const g3d_Point& point) {
-    using Vector = std::valarray<double>;
-    const auto vector = [](const auto& v) -> Vector { return {v.X(), v.Y(), v.Z()}; };
-    const auto dot = [](const Vector& a, const Vector& b) { return (a * b).sum(); };
-    const auto unitCross = [&](const Vector& a, const Vector& b) -> Vector {
-        const Vector c = a.cshift(1) * b.cshift(2) - a.cshift(2) * b.cshift(1);
-        return c / std::sqrt(dot(c, c));
-    };
-    const Vector eye = vector(camera.GetLocation()), backward = eye - vector(camera.GetTarget());
-    const Vector right = unitCross(vector(camera.GetUp()), backward), up = unitCross(backward, right);
-    const Vector arm = vector(point) - eye;
-    const double depth = -dot(arm, backward) / std::sqrt(dot(backward, backward));
+    const Precise eye = Precisely(camera.GetLocation()), backward = Unit(eye - Precisely(camera.GetTarget()));
+    const Precise right = Unit(Cross(Precisely(camera.GetUp()), backward)), up = Cross(backward, right);
+    const Precise arm = Precisely(point) - eye;
+    const double depth = -Dot(arm, backward);
     const auto [w, h, n, f, ox, oy] = Fields(camera);
     float x0, x1, y0, y1;
     camera.GetViewportFractions(x0, x1, y0, y1);
     const bool perspective = camera.IsPerspective();
     const double toPlane = perspective ? n / depth : 1.0, span = static_cast<double>(f) - n;
-    const double x = ((dot(arm, right) * toPlane - ox) / w + 0.5 - x0) / (x1 - x0);
-    const double y = ((dot(arm, up) * toPlane - oy) / h + 0.5 - y0) / (y1 - y0);
+    const double x = ((Dot(arm, right) * toPlane - ox) / w + 0.5 - x0) / (x1 - x0);
+    const double y = ((Dot(arm, up) * toPlane - oy) / h + 0.5 - y0) / (y1 - y0);
     return {100.0 + 1600.0 * x, 1050.0 - 1000.0 * y, (depth - n) / span * (perspective ? f / depth : 1.0)};
 }
 
@@ -171,8 +141,7 @@ TEST(g3d_Camera, ShowsWhatItsFieldsSayAndThereAndBackKeepsThePixel) {
             EXPECT_NEAR(planes[i].Normal().Length(), 1.0, 1e-6);
         }
     }
-    EXPECT_FALSE(screen.ToPixel(Perspective(), At(0, 0, 10)));
-    EXPECT_FALSE(screen.ToPixel(Perspective(), At(0, 0, 11)));
+    for (const float z : {10.0F, 11.0F}) EXPECT_FALSE(screen.ToPixel(Perspective(), At(0, 0, z)));
     EXPECT_LT(Distance(Pixel(g3d_Camera(), *screen.ToWorld(g3d_Camera(), {9.0, 9.0, 0.9})), {9.0, 9.0}), 1e-9);
     EXPECT_FALSE(g3d_Viewport(0.0, 0.0, 0.0, 9.0).ToPixel(Parallel(), origin));
     EXPECT_LT(Distance(Pixel(Parallel(), g3d_Point(-4.0F, 2.0F, 9.0F, 2.0F)), {100.0, 50.0}), 1e-9);
@@ -185,20 +154,19 @@ TEST(g3d_Camera, ShowsWhatItsFieldsSayAndThereAndBackKeepsThePixel) {
 TEST(g3d_Camera, LocationsAreRepaired) {
     const g3d_Point at = At(0, 0, 2), above = At(0, 3, 0), start = At(2, 0, 0);
     const std::tuple<g3d_Point, g3d_Point, g3d_Vector, g3d_Point, g3d_Vector> cases[] = {
-        {at, at, yAxis, At(0, 0, 2.0F * 1.1F), yAxis},  // coincident: z * 1.1
-        {above, above, yAxis, above, zAxis},            // repaired nothing: no up is any good
-        {at, origin, To(0, 0, 0), at, yAxis},           // no up
-        {at, origin, To(0, 0, 5), at, yAxis},           // parallel, y not above z
-        {above, origin, To(0, 5, 0), above, zAxis},     // parallel, y above z
-        {above, origin, To(0, -5, 0), above, zAxis},    // the replacement is parallel as well
-        {at, origin, To(0, 0, -5), at, zAxis},          // and so is its replacement
-        {At(nan, 0, 0), origin, xAxis, start, yAxis},   // refused
-        {at, {greatest, 0.0F, 0.0F, 0.1F}, xAxis, start, yAxis}};
+        {at, at, kY, At(0, 0, 2.0F * 1.1F), kY},   // coincident: z * 1.1
+        {above, above, kY, above, kZ},             // repaired nothing: no up is any good
+        {at, origin, To(0, 0, 0), at, kY},         // no up
+        {at, origin, To(0, 0, 5), at, kY},         // parallel, y not above z
+        {above, origin, To(0, 5, 0), above, kZ},   // parallel, y above z
+        {above, origin, To(0, -5, 0), above, kZ},  // the replacement is parallel as well
+        {at, origin, To(0, 0, -5), at, kZ},        // and so is its replacement
+        {At(kNaN, 0, 0), origin, kX, start, kY},   // refused
+        {at, {kGreatest, 0.0F, 0.0F, 0.1F}, kX, start, kY}};
     for (const auto& [eye, target, up, expectedEye, expectedUp] : cases) {
         g3d_Camera camera;
         camera.SetLocation(eye, target, up);
-        EXPECT_EQ(camera.GetLocation(), expectedEye);
-        EXPECT_EQ(camera.GetUp(), expectedUp);
+        EXPECT_EQ(std::pair(camera.GetLocation(), camera.GetUp()), std::pair(expectedEye, expectedUp));
         EXPECT_NEAR(camera.GetVOM().Determinant(), 1.0, 1e-5) << up.Z();  // a view all the same, and turned too
         if (eye == target && eye == expectedEye) continue;                // no direction to turn
         const g3d_XForm turned = camera.GetVOM() * g3d_XForm().SetRotate(-30, To(1, 2, 3));
@@ -212,34 +180,31 @@ TEST(g3d_Camera, LocationsAreRepaired) {
         camera.SetLocation(origin + direction * 7, origin, direction * 0.3F);
         EXPECT_NEAR(camera.GetVOM().Determinant(), 1.0, 1e-5);
     }
-    camera = Parallel();
-    camera.SetLocation(camera.GetTarget(), camera.GetLocation(), camera.GetUp());
-    EXPECT_EQ(camera.GetLocation(), origin);
-    EXPECT_EQ(camera.GetTarget(), At(0, 0, 10));
+    camera.SetLocation(at, origin, kY);
+    camera.SetLocation(camera.GetTarget(), camera.GetLocation(), camera.GetUp());  // its own, by reference
+    EXPECT_EQ(std::pair(camera.GetLocation(), camera.GetTarget()), std::pair(origin, at));
 }
 
 TEST(g3d_Camera, WindowsAndPlanesAreRepaired) {
-    constexpr float widest = 3.4028235e31F, gap = 1e-5F, edge = greatest - greatest * gap;
-    const auto window = [](g3d_Camera& camera, const Pair& given) { camera.SetWindow(given[0], given[1]); };
-    const auto planes = [](g3d_Camera& camera, const Pair& given) { camera.SetNearFar(given[0], given[1]); };
-    const auto aspect = [](g3d_Camera& camera, const Pair& given) { camera.CorrectAspect(given[0], given[1]); };
-    const std::tuple<void (*)(g3d_Camera&, const Pair&), Pair, Pair> cases[] = {
-        {window, {1000, 1}, {1000, 2}},
-        {window, {1, 1000}, {2, 1000}},
-        {window, {nan, -1}, {1e-4F, 1e-4F}},
-        {window, {infinity, greatest}, {widest, widest}},
-        {planes, {0, 5}, {gap, 5}},
-        {planes, {nan, nan}, {gap, gap + gap * gap}},
-        {planes, {100, 100.0005F}, {100, 100 + 100 * gap}},
-        {planes, {1, infinity}, {1, greatest}},
-        {planes, {infinity, 1}, {edge, greatest}},
-        {aspect, {800, 800}, {4, 4}},
-        {aspect, {800, 200}, {8, 2}},
-        {aspect, {nan, 0}, {4, 2}}};
+    constexpr float widest = 3.4028235e31F, gap = 1e-5F, edge = kGreatest - kGreatest * gap;
+    using Setter = void (g3d_Camera::*)(float, float) noexcept;
+    const Setter window = &g3d_Camera::SetWindow, planes = &g3d_Camera::SetNearFar, aspect = &g3d_Camera::CorrectAspect;
+    const std::tuple<Setter, Pair, Pair> cases[] = {{window, {1000, 1}, {1000, 2}},
+                                                    {window, {1, 1000}, {2, 1000}},
+                                                    {window, {kNaN, -1}, {1e-4F, 1e-4F}},
+                                                    {window, {kInfinity, kGreatest}, {widest, widest}},
+                                                    {planes, {0, 5}, {gap, 5}},
+                                                    {planes, {kNaN, kNaN}, {gap, gap + gap * gap}},
+                                                    {planes, {100, 100.0005F}, {100, 100 + 100 * gap}},
+                                                    {planes, {1, kInfinity}, {1, kGreatest}},
+                                                    {planes, {kInfinity, 1}, {edge, kGreatest}},
+                                                    {aspect, {800, 800}, {4, 4}},
+                                                    {aspect, {800, 200}, {8, 2}},
+                                                    {aspect, {kNaN, 0}, {4, 2}}};
     for (const auto& [set, given, kept] : cases) {
         g3d_Camera camera = Parallel();
-        set(camera, given);
-        EXPECT_EQ(set == +planes ? NearFar(camera) : Window(camera), kept);
+        (camera.*set)(given[0], given[1]);
+        EXPECT_EQ(set == planes ? NearFar(camera) : Window(camera), kept);
     }
     g3d_Camera close = Perspective();
     close.SetNearFar(1000, 2000);
@@ -269,17 +234,17 @@ TEST(g3d_Camera, NoInputReachesTheMatricesUnrepaired) {
         [&] { camera.Fit(g3d_Sphere(p, a)); },
         [&] { camera.Fit(p, q); },
         [&] { flag ? camera.FitVP(a, b) : camera.FitCenterVP(a, b, c, flag); },
-        [&] { camera.Canned(g3d_Sphere(p, a), static_cast<g3d_SavedViewIdEnum>(random.Below(9) - 1)); },
+        [&] { camera.Canned(g3d_Sphere(p, a), static_cast<g3d_SavedViewIdEnum>(random.Whole(-1, 7))); },
         [&] { camera.Zoom(a, flag); },
         [&] { camera.Zoom(a, b, c, d, flag); },
         [&] { camera.Pan(a, b, c, flag); },
         [&] { flag ? camera.Rotate(a, v, p) : camera.Rotate(v, u); },
         [&] { camera = g3d_InterpolateCameras(a, camera, random.Camera(flag)); }};
     for (int n = 0; n < 12000; ++n) {
-        a = random.Nasty(), b = random.Nasty(), c = random.Nasty(), d = random.Nasty(), flag = random.Below(2) == 0;
+        a = random.Nasty(), b = random.Nasty(), c = random.Nasty(), d = random.Nasty(), flag = random.Whole(0, 1) == 0;
         p = random.NastyPoint(), q = random.NastyPoint(), v = random.NastyVector(), u = random.NastyVector();
         view.SetRotate(a, v).Translate(b, c, d);
-        const int operation = random.Below(std::size(operations));
+        const int operation = random.Whole(0, std::ssize(operations) - 1);
         operations[operation]();
         ASSERT_TRUE(HasFiniteMatrices(camera)) << "operation " << operation << ", step " << n;
         static_cast<void>(screen.ToPixel(camera, p));
@@ -312,7 +277,7 @@ TEST(g3d_Camera, FitsHoldWhatTheyFit) {
         for (int i = 0; i < 20; ++i) {
             EXPECT_TRUE(isShown(camera, sphere.Center() + random.Vector().Normalize() * sphere.Radius()));
         }
-        std::vector<g3d_Point> vertices(1 + static_cast<unsigned>(random.Below(20)), random.Point(20.0));
+        std::vector<g3d_Point> vertices(1 + static_cast<unsigned>(random.Whole(0, 19)), random.Point(20.0));
         for (g3d_Point& vertex : vertices) vertex += random.Vector(3.0);
         parallel.SetDistanceFactor(random.Number(2.5, 8.0));
         parallel.Fit(g3d_BoundingVolume(vertices));
@@ -328,18 +293,17 @@ TEST(g3d_Camera, FitsHoldWhatTheyFit) {
 }
 
 TEST(g3d_Camera, FitsAsTabulated) {
-    g3d_Camera parallel = Parallel(), perspective, small = Parallel(), unchanged = Parallel();
-    parallel.Fit(g3d_Sphere(origin, 1));
-    perspective.Fit(g3d_Sphere(origin, 1));
-    EXPECT_EQ(Fields(parallel), (Six{2.1F, 2.1F, 2, 6, 0, 0}));
-    EXPECT_EQ(Fields(perspective), (Six{1.05F, 1.05F, 2, 6, 0, 0}));
-    EXPECT_EQ(perspective.GetLocation(), At(4, 0, 0));
-    small.Fit(g3d_Sphere(origin, nan));
-    EXPECT_EQ(Window(small)[0], 2.1F * 0.0002F);
-    unchanged.Fit(g3d_BoundingVolume());
-    unchanged.Fit(g3d_BoundingVolume(std::array{At(nan, 0, 0)}));
-    unchanged.Fit(g3d_Sphere(At(infinity, 0, 0), 1));
-    EXPECT_EQ(unchanged, Parallel());
+    const auto fitted = [](g3d_Camera camera, const auto&... what) {
+        camera.Fit(what...);
+        return camera;
+    };
+    const g3d_Sphere unit(origin, 1);
+    EXPECT_EQ(Fields(fitted(Parallel(), unit)), (Six{2.1F, 2.1F, 2, 6, 0, 0}));
+    EXPECT_EQ(Fields(fitted(g3d_Camera(), unit)), (Six{1.05F, 1.05F, 2, 6, 0, 0}));
+    EXPECT_EQ(Window(fitted(Parallel(), g3d_Sphere(origin, kNaN)))[0], 2.1F * 0.0002F);
+    EXPECT_EQ(fitted(Parallel(), g3d_BoundingVolume()), Parallel());
+    EXPECT_EQ(fitted(Parallel(), g3d_BoundingVolume(std::array{At(kNaN, 0, 0)})), Parallel());
+    EXPECT_EQ(fitted(Parallel(), g3d_Sphere(At(kInfinity, 0, 0), 1)), Parallel());
 
     // The corners of a box as a perspective camera sees them: the nearest ones decide, at the near plane.
     g3d_Camera box = Perspective();
@@ -351,7 +315,7 @@ TEST(g3d_Camera, FitsAsTabulated) {
     EXPECT_EQ(Fields(box)[4], 0.0F);
 
     // A supplied view is kept, near and far too, and the view axis belongs to the extents: 0 to 6, not 5 to 6.
-    g3d_Camera supplied = Parallel();
+    g3d_Camera supplied = Parallel(), aimless;
     const g3d_XForm aside = g3d_XForm().SetTranslate(To(5, 0, 0));
     supplied.SetLayerXForm(true, &aside);
     supplied.Fit(origin, At(1, 1, 1));
@@ -359,13 +323,9 @@ TEST(g3d_Camera, FitsAsTabulated) {
     EXPECT_EQ(Fields(supplied), (Six{6 * 1.05F, 1.05F, 5, 15, 0, 0}));
 
     // Without a direction a sphere is seen along -z, a volume along +z.
-    g3d_Camera aimless;
-    aimless.SetLocation(origin, origin, yAxis);
-    aimless.Fit(g3d_Sphere(origin, 1));
-    EXPECT_EQ(aimless.GetLocation(), At(0, 0, 4));
-    aimless.SetLocation(origin, origin, yAxis);
-    aimless.Fit(At(0, 0, -1), At(0, 0, 1));
-    EXPECT_EQ(aimless.GetLocation(), At(0, 0, -4));
+    aimless.SetLocation(origin, origin, kY);
+    EXPECT_EQ(fitted(aimless, unit).GetLocation(), At(0, 0, 4));
+    EXPECT_EQ(fitted(aimless, At(0, 0, -1), At(0, 0, 1)).GetLocation(), At(0, 0, -4));
 }
 
 TEST(g3d_Camera, OverlaysArePixelsAndKeepTheirWindow) {
@@ -374,7 +334,7 @@ TEST(g3d_Camera, OverlaysArePixelsAndKeepTheirWindow) {
     camera.FitVP(0, 300);
     EXPECT_EQ(Fields(camera), (Six{500, 500, 9, 11, 0, 0}));
     EXPECT_EQ(camera.GetModeFlags(), g3d_Camera::FittedToViewportFlag);
-    camera.FitVP(nan, 1);
+    camera.FitVP(kNaN, 1);
     EXPECT_TRUE(std::isnan(Window(camera)[0]) && HasFiniteMatrices(camera));
     camera.FitCenterVP(1600, 1, 0, true);
     EXPECT_EQ(Fields(camera), (Six{1600, 1, 9, 11, 0, 0}));  // 500 : 1 is not for overlays
@@ -405,7 +365,7 @@ TEST(g3d_Camera, FieldOfView) {
     EXPECT_NEAR(NearFar(camera)[0], 1.0 / tan30, 1e-6);
     EXPECT_NEAR(camera.GetFieldOfView(), 60.0, 1e-5);
     const g3d_Camera before = camera;
-    for (const float degrees : {0.0F, 180.0F, -30.0F, nan, infinity}) {
+    for (const float degrees : {0.0F, 180.0F, -30.0F, kNaN, kInfinity}) {
         camera.SetFieldOfView(degrees, false);
         camera.SetFieldOfView(degrees, true);
         EXPECT_EQ(camera, before) << degrees;
@@ -433,12 +393,10 @@ TEST(g3d_Camera, ProjectionsConvertThereAndBack) {
 
 TEST(g3d_Camera, ZoomScalesTheWindowWithinItsBounds) {
     const float most = 1.0F - 99.0F / 100.0F;
-    const std::tuple<float, Pair> cases[] = {
-        {50.0F, {2, 1}}, {-50.0F, {8, 4}}, {150.0F, {4 * most, 2 * most}}, {nan, {4, 2}}};
-    for (const auto& [percent, window] : cases) {
+    for (const auto& [percent, scale] : {Pair{50, 0.5F}, Pair{-50, 2}, Pair{150, most}, Pair{kNaN, 1}}) {
         g3d_Camera camera = Parallel();
         camera.Zoom(percent, false);
-        EXPECT_EQ(Window(camera), window) << percent;
+        EXPECT_EQ(Window(camera), (Pair{4 * scale, 2 * scale})) << percent;
         EXPECT_EQ(camera.GetLocation(), At(0, 0, 10));
     }
     g3d_Camera in = Parallel(), out = Parallel();
@@ -542,13 +500,13 @@ TEST(g3d_Camera, MovesAreRigid) {
     camera.Pan(1, 2, 3, false);
     EXPECT_EQ(camera.GetLocation(), At(1, 2, 13));
     EXPECT_EQ(camera.GetTarget(), At(1, 2, 3));
-    for (const g3d_Vector& from : {xAxis, yAxis, zAxis}) {  // a half turn about whatever axis
+    for (const g3d_Vector& from : {kX, kY, kZ}) {  // a half turn about whatever axis
         camera.SetLocation(origin + from * 5, origin, To(1, 2, 3));
         camera.Rotate(from, from * -2);
         EXPECT_LT(Distance(camera.GetLocation(), origin - from * 5), 1e-5);
     }
     g3d_Camera little = Parallel();  // well below the angle at which `AngleWith` snaps to 0
-    little.Rotate(zAxis, To(0.001F, 0, 1));
+    little.Rotate(kZ, To(0.001F, 0, 1));
     EXPECT_NEAR(little.GetLocation().X(), 0.01, 1e-6);
 }
 
@@ -560,8 +518,7 @@ TEST(g3d_Camera, ModelVolumeIsTurnedAboutAndHeldByNearAndFar) {
     for (const bool aboutModel : {true, false}) {
         g3d_Camera_SetTargetRotate(aboutModel);  // stores the negation
         g3d_Camera turned = camera, without = Parallel();
-        turned.Rotate(180, yAxis);
-        without.Rotate(180, yAxis);
+        for (g3d_Camera* each : {&turned, &without}) each->Rotate(180, kY);
         EXPECT_LT(Distance(turned.GetTarget(), aboutModel ? At(4, 0, 0) : origin), 1e-5);
         EXPECT_LT(Distance(without.GetTarget(), origin), 1e-5);
     }
@@ -575,10 +532,10 @@ TEST(g3d_Camera, ModelVolumeIsTurnedAboutAndHeldByNearAndFar) {
 }
 
 TEST(g3d_Camera, StandardViews) {
-    const std::tuple<int, g3d_Vector, g3d_Vector> views[] = {
-        {0, zAxis, yAxis},        {1, To(0, 0, -1), yAxis}, {2, yAxis, To(0, 0, -1)},
-        {3, To(0, -1, 0), zAxis}, {4, To(-1, 0, 0), yAxis}, {5, xAxis, yAxis},
-        {9, zAxis, yAxis},        {-1, zAxis, yAxis},       {6, To(1, 1, 1) * std::sqrt(1.0F / 3), yAxis}};
+    const g3d_Vector diagonal = To(1, 1, 1) * std::sqrt(1.0F / 3);
+    const std::tuple<int, g3d_Vector, g3d_Vector> views[] = {{0, kZ, kY},       {1, kZ * -1, kY}, {2, kY, kZ * -1},
+                                                             {3, kY * -1, kZ},  {4, kX * -1, kY}, {5, kX, kY},
+                                                             {6, diagonal, kY}, {9, kZ, kY},      {-1, kZ, kY}};
     for (const auto& [view, backward, up] : views) {
         g3d_Camera camera = Parallel();
         camera.Canned(g3d_Sphere(At(1, 1, 1), 2), static_cast<g3d_SavedViewIdEnum>(view));
@@ -593,7 +550,7 @@ TEST(g3d_Camera, SuppliedViewsStandUntilTheyAreTakenBack) {
     const g3d_XForm aside = g3d_XForm().SetTranslate(To(1, 0, -10));
     camera.SetLayerXForm(true, &aside);
     EXPECT_FALSE(camera == Parallel());
-    camera.SetLocation(At(9, 9, 9), At(1, 0, 0), xAxis);
+    camera.SetLocation(At(9, 9, 9), At(1, 0, 0), kX);
     EXPECT_EQ(camera.GetLocation(), At(0, 0, 10));
     EXPECT_EQ(camera.GetTarget(), At(1, 0, 0));
     camera.SetWindow(1000, 1);
@@ -606,7 +563,7 @@ TEST(g3d_Camera, SuppliedViewsStandUntilTheyAreTakenBack) {
     camera.Pan(0.25F, 0, 0, true);  // a quarter of the window, which spans 500 in the world now
     EXPECT_EQ(camera.GetTarget(), At(126, 0, 0));
     camera.SetLayerXForm(false, &aside);
-    camera.SetLocation(At(0, 0, 10), origin, yAxis);
+    camera.SetLocation(At(0, 0, 10), origin, kY);
     EXPECT_EQ(camera.GetVOM(), Parallel().GetVOM());
 }
 
@@ -616,7 +573,7 @@ TEST(g3d_Camera, InterpolationIsExactAtItsEndsAndTurnsEvenly) {
         const g3d_Camera from = random.Camera(n % 2 == 0), to = random.Camera(n % 4 < 2, true);
         EXPECT_EQ(g3d_InterpolateCameras(0, from, to), from);
         EXPECT_EQ(g3d_InterpolateCameras(1, from, to), to);
-        EXPECT_EQ(g3d_InterpolateCameras(nan, from, to), from);
+        EXPECT_EQ(g3d_InterpolateCameras(kNaN, from, to), from);
         // Both ends are approached, though the other projection may have to be made first.
         for (const auto& [t, end] : {std::tuple(1e-6F, &from), std::tuple(0.999999F, &to)}) {
             const g3d_Camera near = g3d_InterpolateCameras(t, from, to);

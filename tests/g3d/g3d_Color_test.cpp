@@ -1,34 +1,21 @@
 // Protects colours: exact conversions, their deliberate oddities, contrast, palette, names, spectra and legends, and
 // that no input whatever leads to undefined behaviour.
-#include <g3d/g3d_Color.h>
-#include <g3d/g3d_ColorArray.h>
-#include <g3d/g3d_ColorErrorException.h>
-#include <g3d/g3d_ColorMap.h>
-#include <g3d/g3d_ColorText.h>
-#include <g3d/g3d_ContourScale.h>
-#include <g3d/g3d_ContrastRatio.h>
-#include <g3d/g3d_RGB.h>
-#include <g3d/g3d_Spectrum.h>
-#include <g3d/g3d_Utils.h>
+#include <g3d/g3d.h>
+#include <support/RandomFloats.h>
 #include <support/streams.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <climits>
 #include <cmath>
-#include <limits>
+#include <complex>
 #include <numbers>
-#include <random>
-#include <sstream>
-
-// The flat interface as a caller in C links to it: by its plain names, with addresses for references.
-extern "C" {
-_HSV plainRGBToHSV(_RGB) __asm__("RGBToHSV");
-_RGB plainHSVToRGB(_HSV*) __asm__("HSVToRGB");
-extern const _RGB plainRGBWhite __asm__("RGBWhite");
-extern const _RGB plainRGBBlack __asm__("RGBBlack");
-}
+#include <string>
+#include <tuple>
+#include <vector>
 
 static bool operator==(const _RGB& a, const _RGB& b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
 static bool operator==(const _HSV& a, const _HSV& b) { return a.h == b.h && a.s == b.s && a.v == b.v; }
@@ -37,41 +24,28 @@ static void PrintTo(const _HSV& c, std::ostream* out) { *out << c.h << ' ' << c.
 
 namespace {
 
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
-constexpr _RGB kRed = {65535, 0, 0}, kGreen = {0, 65535, 0}, kBlue = {0, 0, 65535};
+using Colors = std::vector<g3d_Color>;
 
-/// Seeded colours; failures tell the seed.
-class Random {
-public:
-    explicit Random(unsigned seed) : _trace(__FILE__, __LINE__, "seed " + std::to_string(seed)), _engine(seed) {}
-    float Fraction() { return std::uniform_real_distribution<float>(0.0F, 1.0F)(_engine); }
-    uint16_t Channel() { return static_cast<uint16_t>(_engine()); }
+constexpr _RGB kRed = {65535, 0, 0}, kGreen = {0, 65535, 0};
+
+struct Random : RandomFloats {
+    using RandomFloats::RandomFloats;
+    float Fraction() { return Number(0.0, 1.0); }
+    uint16_t Channel() { return static_cast<uint16_t>(Whole(0, 65535)); }
     _RGB Rgb() { return {Channel(), Channel(), Channel()}; }
     g3d_Color Color() { return {Fraction(), Fraction(), Fraction(), Fraction()}; }
     /// Any bit pattern: NaN, infinities, huge and tiny numbers.
-    float Any() { return std::bit_cast<float>(static_cast<unsigned>(_engine())); }
+    float Any() { return std::bit_cast<float>(Whole(INT_MIN, INT_MAX)); }
     g3d_Color AnyColor() { return {Any(), Any(), Any(), Any()}; }
-
-private:
-    testing::ScopedTrace _trace;
-    std::mt19937_64 _engine;
 };
-
-TEST(g3d_RGB, HasPlainSymbols) {
-    _HSV hsv = plainRGBToHSV(kBlue);
-    EXPECT_EQ(plainHSVToRGB(&hsv), kBlue);
-    EXPECT_EQ(hsv.h, 4.0F);
-    EXPECT_EQ(RGBToCMY(plainRGBWhite), plainRGBBlack);
-}
 
 TEST(g3d_RGB, ToHSVAndBack) {
     for (int level = 0; level < 65536; ++level) {
         const auto c = static_cast<uint16_t>(level);
         ASSERT_EQ(RGBToHSV({c, c, c}), (_HSV{0.0F, 0.0F, static_cast<float>(level) / 65535.0F}));
     }
-    EXPECT_EQ(RGBToHSV({65535, 65535, 0}), (_HSV{1.0F / 6.0F, 1.0F, 1.0F})) << "the first of two greatest decides";
-    EXPECT_EQ(RGBToHSV({65535, 0, 65535}), (_HSV{5.0F / 6.0F, 1.0F, 1.0F}));
+    EXPECT_EQ(RGBToHSV({65535, 65535, 0}).h, 1.0F / 6.0F) << "the first of two greatest decides";
+    EXPECT_EQ(RGBToHSV({65535, 0, 65535}).h, 5.0F / 6.0F);
 
     Random random(1);
     for (int round = 0; round < 20000; ++round) {
@@ -95,8 +69,7 @@ TEST(g3d_RGB, FromHSVChangesItsArgument) {
         {{0.9375F, 1.0F, 1.0F}, {65535, 0, 24576}, {5.625F, 1.0F, 1.0F}},
         {{-0.125F, 1.0F, 0.5F}, {32768, 40961, 0}, {-0.75F, 1.0F, 0.5F}},  // sector 0 goes on below 0
         {{-0.25F, 1.0F, 1.0F}, {0, 0, 0}, {-1.5F, 1.0F, 1.0F}},
-        {{-kInfinity, 1.0F, 1.0F}, {0, 0, 0}, {-kInfinity, 1.0F, 1.0F}},
-        {{-0x1p32F, 1.0F, 1.0F}, {0, 0, 0}, {-6 * 0x1p32F, 1.0F, 1.0F}}};
+        {{-kInfinity, 1.0F, 1.0F}, {0, 0, 0}, {-kInfinity, 1.0F, 1.0F}}};
     for (const auto& [before, rgb, after] : rows) {
         _HSV hsv = before;
         EXPECT_EQ(HSVToRGB(hsv), rgb) << before.h << ' ' << before.s << ' ' << before.v;
@@ -116,25 +89,21 @@ TEST(g3d_RGB, FractionsAndMixtures) {
     EXPECT_EQ(MixRGB({1, 2, 3}, -1.0F, {0, 0, 0}, kInfinity), (_RGB{0, 0, 0}));
 
     const _RGB pink = {65535, 0, 39321};  // hue 0.9
-    _HSV mixed = RGBToHSV(MixHSV(kRed, 0.5F, pink, 0.5F));
-    EXPECT_NEAR(mixed.h, 0.95F, 1e-5F);
-    mixed = RGBToHSV(MixHSV(kRed, 0.0F, pink, 1.0F));
-    EXPECT_NEAR(mixed.h, 0.4F, 1e-5F) << "half a turn off, whatever the weights";
-    EXPECT_EQ(MixHSV(kRed, 0.5F, {0, 65535, 65535}, 0.5F), RGBToCMY({32767, 0, 65535}))
-        << "a gap of just half a turn is none";
+    EXPECT_NEAR(RGBToHSV(MixHSV(kRed, 0.5F, pink, 0.5F)).h, 0.95F, 1e-5F);
+    EXPECT_NEAR(RGBToHSV(MixHSV(kRed, 0.0F, pink, 1.0F)).h, 0.4F, 1e-5F) << "half a turn off, whatever the weights";
+    EXPECT_EQ(MixHSV(kRed, 0.5F, {0, 65535, 65535}, 0.5F), (_RGB{32768, 65535, 0})) << "not for just half a turn";
     EXPECT_EQ(MixHSV(kGreen, -1.0F, kGreen, 0.0F), (_RGB{0, 0, 0}));
 
     EXPECT_EQ(RGBDist(RGBBlack, RGBWhite), 3.0F);
     EXPECT_EQ(RGBDist({1, 5, 9}, {2, 3, 9}), 3.0F / 65535.0F);
     EXPECT_EQ(CMYToRGB({1, 2, 65535}), (_RGB{65534, 65533, 0}));
+    EXPECT_EQ(RGBToCMY(RGBWhite), RGBBlack);
 }
 
 TEST(g3d_Color, SetsFromPresetsColoursAndPackedBytes) {
     g3d_Color c;
-    EXPECT_EQ(c, g3d_Color(0.0F, 0.0F, 0.0F, 1.0F));
     EXPECT_EQ(c.SetMagenta(0.5F), g3d_Color(1.0F, 0.0F, 1.0F, 0.5F));
     EXPECT_EQ(c.SetYellow().SetGrey70(0.25F), g3d_Color(0.7F, 0.7F, 0.7F, 0.25F));
-    EXPECT_EQ(g3d_Color(g3d_Grey90), g3d_Color(0.9F, 0.9F, 0.9F, 1.0F));
     for (const int preset : {17, -1, INT_MIN})
         EXPECT_EQ(c.Set(static_cast<g3d_PresetColorEnum>(preset), 0.5F), g3d_Color(0.7F, 0.7F, 0.7F, 0.25F));
     EXPECT_EQ(g3d_Color().Set(c, 1.0F).A(), 0.25F) << "1 keeps the alpha of the source";
@@ -144,8 +113,12 @@ TEST(g3d_Color, SetsFromPresetsColoursAndPackedBytes) {
     const g3d_Color packed(1 * step, 2 * step, 3 * step, 255 * step);
     EXPECT_EQ(c.Set(0x010203FFU), packed);
     EXPECT_EQ(g3d_ColorArray::IntToFloatColor(0xFF030201U), packed) << "the other way round";
-    for (unsigned byte = 0; byte < 256; ++byte)
-        ASSERT_EQ(g3d_Color().Set(byte * 0x01010101U).GetRGBA(), byte * 0x01010101U);
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        const unsigned rgba = byte << 24 | (255 - byte) << 16 | 0xA5FFU;
+        ASSERT_EQ(c.Set(rgba).GetRGBA(), rgba);
+        ASSERT_EQ(g3d_Color().Set(g3d_ColorText(c)), c);
+    }
+    EXPECT_EQ(g3d_ColorText({kInfinity, 0.0019F, 0.002F, 1.0F}), "#FF0001");
     EXPECT_EQ(g3d_Color(2.0F, -1.0F, kNaN, 0.999F).GetRGBA(), 0xFE0100FEU) << "low bytes";
 
     EXPECT_EQ(g3d_Color(-1.0F, 0.5F, kInfinity, 2.0F).Clamp(), g3d_Color(0.0F, 0.5F, 1.0F, 1.0F));
@@ -153,26 +126,20 @@ TEST(g3d_Color, SetsFromPresetsColoursAndPackedBytes) {
     EXPECT_EQ(a * b - a + b, g3d_Color(2.5F, 1.0F, 7.0F, 1.0F));
     EXPECT_EQ((a + a).A() + (a - a).A() + (a * a).A(), 3.0F);
     EXPECT_NE(g3d_Color(1.0F, 1.0F, 1.0F, 0.5F), g3d_Color(g3d_White));
-    std::ostringstream out;
-    out << g3d_Color(1.0F, 0.1F, -2.5F, 0.0F);
-    EXPECT_EQ(out.str(), "(1, 0.1, -2.5, 0)");
+    EXPECT_EQ(testing::PrintToString(g3d_Color(1.0F, 0.1F, -2.5F, 0.0F)), "(1, 0.1, -2.5, 0)");
 }
 
 TEST(g3d_Color, ReadsTextAsTheScannerDoes) {
-    const std::tuple<std::string, float, float, float> rows[] = {// in 255ths
-                                                                 {"#FF8000", 255, 128, 0},
-                                                                 {"#ff80001234", 255, 128, 0},
-                                                                 {"#", 0, 0, 0},
-                                                                 {"#1G2233", 1, 0, 0},
-                                                                 {"# 1\t 2\n33", 1, 2, 0x33},
-                                                                 {"#+1+2+3", 1, 2, 3},
-                                                                 {"#-1", 0x1p32F, 0, 0},
-                                                                 {"#-\xFF", 0, 0, 0},
-                                                                 {std::string("#12\0", 4) + "34", 0x12, 0, 0},
-                                                                 {"#01" + std::string(100000, ' ') + "02x", 1, 2, 0}};
-    constexpr float step = 1.0F / 255.0F;
-    for (const auto& [text, r, g, b] : rows)
-        EXPECT_EQ(g3d_Color().Set(cow_String(text), 0.5F), g3d_Color(r * step, g * step, b * step, 0.5F)) << text;
+    const std::pair<std::string, unsigned> rows[] = {{"#ff80001234", 0xFF8000},
+                                                     {"#", 0},
+                                                     {"#1G2233", 0x010000},
+                                                     {"# 1\t 2\n33", 0x010233},
+                                                     {"#+1+2+3", 0x010203},
+                                                     {std::string("#12\0", 4) + "34", 0x120000},
+                                                     {"#01" + std::string(100000, ' ') + "02x", 0x010200}};
+    for (const auto& [text, rgb] : rows)
+        EXPECT_EQ(g3d_Color().Set(cow_String(text), 0.5F), g3d_Color().Set(g3d_Color().Set(rgb << 8), 0.5F)) << text;
+    EXPECT_EQ(g3d_Color().Set("#-1"), g3d_Color(0x1p32F / 255.0F, 0.0F, 0.0F, 1.0F)) << "wraps around";
     for (const char* const text : {"", "FF8000", " #FF8000"})
         EXPECT_EQ(g3d_Color(g3d_Cyan, 0.25F).Set(text, 0.5F), g3d_Color(g3d_Cyan, 0.25F));
 }
@@ -181,19 +148,16 @@ TEST(g3d_Color, HSVKeepsAlphaAndFoldsNothing) {
     Random random(2);
     for (int round = 0; round < 5000; ++round) {
         const g3d_Color c = random.Color();
-        const g3d_Color back = g3d_Color(0.0F, 0.0F, 0.0F, c.A()).SetHSV(c.GetHSV());
-        EXPECT_NEAR(back.R(), c.R(), 1e-6F);
-        EXPECT_NEAR(back.G(), c.G(), 1e-6F);
-        EXPECT_NEAR(back.B(), c.B(), 1e-6F);
-        EXPECT_EQ(back.A(), c.A());
+        const g3d_Color off = g3d_Color(0.0F, 0.0F, 0.0F, c.A()).SetHSV(c.GetHSV()) - c;
+        EXPECT_LT(std::max({std::abs(off.R()), std::abs(off.G()), std::abs(off.B())}), 1e-6F);
     }
     EXPECT_EQ(g3d_Color(0.5F, 0.25F, 0.75F, 0.0F).GetHSV(), (_HSV{4.5F / 6.0F, 1.0F / 1.5F, 0.75F}));
-    EXPECT_EQ(g3d_Color(0.5F, 0.0F, 0.25F, 0.0F).GetHSV(), (_HSV{5.5F / 6.0F, 1.0F, 0.5F}));
     const g3d_Color c(0.1F, 0.2F, 0.3F, 0.4F);
-    EXPECT_EQ(g3d_Color(c).SetHSV({1.0F, 0.5F, 2.0F}), g3d_Color(2.0F, 1.0F, 1.0F, 0.4F)) << "no clamping";
-    EXPECT_EQ(g3d_Color(c).SetHSV({-0.125F, 1.0F, 1.0F}), g3d_Color(1.0F, -0.75F, 0.0F, 0.4F));
-    EXPECT_EQ(g3d_Color(c).SetHSV({-0.25F, 1.0F, 1.0F}), c);
-    EXPECT_EQ(g3d_Color(c).SetHSV({-0.25F, 0.0F, 1.0F}), g3d_Color(1.0F, 1.0F, 1.0F, 0.4F));
+    const std::pair<_HSV, g3d_Color> rows[] = {{{1.0F, 0.5F, 2.0F}, {2.0F, 1.0F, 1.0F, 0.4F}},
+                                               {{-0.125F, 1.0F, 1.0F}, {1.0F, -0.75F, 0.0F, 0.4F}},
+                                               {{-0.25F, 1.0F, 1.0F}, c},
+                                               {{-0.25F, 0.0F, 1.0F}, {1.0F, 1.0F, 1.0F, 0.4F}}};
+    for (const auto& [hsv, color] : rows) EXPECT_EQ(g3d_Color(c).SetHSV(hsv), color) << hsv.h;
 }
 
 TEST(g3d_Color, InvertsByOctantsAndTheirTable) {
@@ -257,29 +221,26 @@ TEST(g3d_Color, ContrastingColorKeepsHueAndSaturation) {
         const auto isLight = [](const _HSV& x) {
             return (x.h > 0.15F && x.h < 0.24F) || (x.h > 0.42F && x.h < 0.52F) || (x.v > 0.9F && x.s < 0.16F);
         };
-        const double k = isLight(before) && isLight(other) ? 0.31 : 0.36, turn = 2.0 * std::numbers::pi;
-        const double p = k * after.v * after.s, q = k * other.v * other.s;
-        const double x = p * std::cos(turn * after.h) - q * std::cos(turn * other.h);
-        const double z = p * std::sin(turn * after.h) - q * std::sin(turn * other.h);
-        EXPECT_NEAR(std::hypot(x, after.v - other.v, z), 0.35, 2e-4);
-        const bool darker = after.v<other.v, onBright = other.v> 0.5F;
-        EXPECT_EQ(darker, onBright);
+        const double k = isLight(before) && isLight(other) ? 0.31 : 0.36;
+        const auto around = [k](const _HSV& x) { return std::polar(k * x.v * x.s, 2.0 * std::numbers::pi * x.h); };
+        EXPECT_NEAR(std::hypot(std::abs(around(after) - around(other)), after.v - other.v), 0.35, 2e-4);
+        EXPECT_EQ(std::isless(after.v, other.v), std::isgreater(other.v, 0.5F)) << "darker on what is bright";
     }
     EXPECT_GT(moved, 1000);
 }
 
 TEST(g3d_ColorArray, HoldsNoMoreThan254) {
+    const g3d_Color none(0.0F, 0.0F, 0.0F, 0.0F), white(g3d_White);
     g3d_ColorArray palette;
-    EXPECT_EQ(palette.GetColor(0), g3d_Color(0.0F, 0.0F, 0.0F, 0.0F));
-    EXPECT_EQ(palette.GetColor(1), g3d_Color(g3d_White));
+    EXPECT_EQ(palette.GetColor(0), none);
+    EXPECT_EQ(palette.GetColor(1), white);
     for (unsigned i = 0; i < 254; ++i) EXPECT_EQ(palette.CheckColor(g3d_Color().Set(i << 8 | 0x80U)), i);
-    EXPECT_EQ(palette.CheckColor(g3d_Color(g3d_White)), 254u);
+    EXPECT_EQ(palette.CheckColor(white), 254u);
     EXPECT_EQ(palette.CheckColor(g3d_Color().Set(0x00000780U)), 7u);
-    EXPECT_EQ(palette.Count(), 254u);
-    EXPECT_EQ(palette.GetColor(254), g3d_Color(0.0F, 0.0F, 0.0F, 0.0F)) << "one past the end may be asked for";
+    EXPECT_EQ(palette.GetColor(254), none) << "one past the end may be asked for";
     g3d_Color color;
     palette.GetColor(0xFFFFFFFFU, color);
-    EXPECT_EQ(color, g3d_Color(g3d_White));
+    EXPECT_EQ(color, white);
     float r = 7.0F, g = 7.0F, b = 7.0F;
     palette.GetColor(255, r, g, b);
     EXPECT_EQ(r, 7.0F);
@@ -287,18 +248,17 @@ TEST(g3d_ColorArray, HoldsNoMoreThan254) {
     EXPECT_EQ(b, static_cast<float>(3 * 0.00392156862745098));
 
     g3d_ColorArray copy = palette;
-    palette = *&palette;
     copy.SetAlpha(1.0F);
-    EXPECT_EQ(copy.GetColor(9).A(), 1.0F);
+    EXPECT_EQ(copy.GetColor(9).GetRGBA(), 0x000009FFU);
     EXPECT_EQ(palette.GetColor(9).GetRGBA(), 0x00000980U);
     palette.Cleanup();
     EXPECT_EQ(palette.Count(), 0u);
+    EXPECT_EQ(palette.GetColor(0), none);
     EXPECT_EQ(palette.CheckColor({2.0F, -1.0F, kNaN, 0.5F}), 0u);
     EXPECT_EQ(palette.GetColor(0).GetRGBA(), 0xFE01007FU);
-    palette.Cleanup();
     palette.CheckColor({0.5F, 0.5F, 0.5F, 0.25F});
     palette.ContrastColors(g3d_Color(g3d_Grey40));
-    EXPECT_EQ(palette.GetColor(0).GetRGBA(), 0xFFFFFF3FU);
+    EXPECT_EQ(palette.GetColor(1).GetRGBA(), 0xFFFFFF3FU);
 }
 
 TEST(g3d_ColorMap, NamesAreExactAndDefaultsStay) {
@@ -306,22 +266,19 @@ TEST(g3d_ColorMap, NamesAreExactAndDefaultsStay) {
     g3d_ColorMap& map = g3d_ColorMap::Instance();
     EXPECT_EQ(map.Length(), 28);
     EXPECT_EQ(map.ConstGet("Light orange"), g3d_Color(1.0F, 0.6F, 0.0F, 1.0F));
-    EXPECT_FALSE(map.AddByRGB("Red", 0.0F, 0.0F, 0.0F));
-    EXPECT_FALSE(map.Remove("Red"));
+    EXPECT_FALSE(map.AddByRGB("Red", 0.0F, 0.0F, 0.0F) || map.Remove("Red"));
     EXPECT_TRUE(map.AddByRGB("red", 0.75F, 0.0F, 0.0F));
     EXPECT_TRUE(map.IsMember("red") && map.IsUserColor("red") && !map.IsDefaultColor("red"));
     EXPECT_TRUE(map.AddDefaultColor("red", 0.25F, 0.0F, 0.0F));
     EXPECT_EQ(map.ConstGet("red").R(), 0.75F) << "the user's hides the default one";
-    EXPECT_EQ(map.Length(), 30);
     const cow_List<cow_String> keys = map.Keys();
-    EXPECT_EQ(keys.ConstGet(0), "Aqua");
-    EXPECT_EQ(keys.ConstGet(29), "red");
+    EXPECT_EQ(keys.Length(), map.Length());
+    EXPECT_TRUE(keys.ConstGet(0) == "Aqua" && keys.ConstGet(29) == "red");
     EXPECT_TRUE(map.Remove("red"));
     EXPECT_EQ(map.ConstGet("red").R(), 0.25F);
     EXPECT_TRUE(map.AddByRGB("#FF0000", 0.0F, 1.0F, 0.0F));
     EXPECT_EQ(map.ConstGet("#FF0000"), g3d_Color(g3d_Red)) << "read, not looked up";
     omi_Singleton<g3d_ColorMap>::Finalize();
-    EXPECT_EQ(g3d_ColorMap::Instance().Length(), 28);
     EXPECT_FALSE(g3d_ColorMap::Instance().IsMember("red"));
 }
 
@@ -336,7 +293,6 @@ TEST(g3d_ColorErrorException, CarriesTheNameAndComesBack) {
     }
     cls_ClassRegistrar registrar;
     g3d_ColorErrorException::InitializeMetadata(registrar);
-    EXPECT_EQ(registrar.Find(6)->Name(), "g3d_ColorErrorException");
     const auto back = RoundTrip(registrar, g3d_ColorErrorException(cow_String(std::string("a\0b", 3))));
     EXPECT_EQ(back.Value(), cow_String(std::string("a\0b", 3)));
     EXPECT_STREQ(back.what(), "a is not a valid color name.");
@@ -352,8 +308,6 @@ TEST(g3d_Utils, ConvertsScalars) {
     const auto size = [](int value) { return g3d_Utils::ConvertMarkerSize(g3d_MarkerSizeEnum(value)); };
     EXPECT_EQ((std::array{size(-1), size(0), size(1), size(2), size(3)}), (std::array{2.0F, 2.0F, 3.0F, 4.0F, 2.0F}));
 }
-
-using Colors = std::vector<g3d_Color>;
 
 Colors Spectrum(int which, int n, bool reverse) {
     Colors colors(static_cast<std::size_t>(std::max(n, 1)), g3d_Color(0.5F, 0.5F, 0.5F, 0.5F));
@@ -390,10 +344,11 @@ TEST(g3d_Utils, SpectrumThroughNames) {
         return colors;
     };
     const g3d_Color red(g3d_Red), green(g3d_Green), blue(g3d_Blue), none(0.0F, 0.0F, 0.0F, 0.25F);
-    const Colors three = filled({"Red", "Blue"}, 3);
-    EXPECT_NEAR(three[1].GetHSV().h, 5.0F / 6.0F, 1e-6F) << "the short way, by magenta";
-    EXPECT_EQ(three[1].A(), 0.25F);
-    EXPECT_NEAR(filled({"Blue", "Red"}, 3)[1].GetHSV().h, 5.0F / 6.0F, 1e-6F);
+    for (const auto& ends : {cow_List<cow_String>{"Red", "Blue"}, {"Blue", "Red"}}) {
+        const g3d_Color middle = filled(ends, 3)[1];
+        EXPECT_NEAR(middle.GetHSV().h, 5.0F / 6.0F, 1e-6F) << "the short way, by magenta";
+        EXPECT_EQ(middle.A(), 0.25F);
+    }
     const Colors six = filled({"Red", "#00FF00", "Blue"}, 6);
     EXPECT_EQ(six[2], green) << "a half goes down: place 2.5";
     EXPECT_NEAR(six[3].GetHSV().h, 4.0F / 9.0F, 1e-6F);
@@ -401,8 +356,7 @@ TEST(g3d_Utils, SpectrumThroughNames) {
     EXPECT_EQ(filled({"Red", "Green"}, 1), Colors{red});
     EXPECT_EQ(filled({"Blue"}, 3), (Colors{blue, blue, blue}));
     EXPECT_EQ(filled({"Red", "Blue"}, 256)[255], blue);
-    EXPECT_EQ(filled({"Red", "Blue"}, 257)[0], none);
-    EXPECT_EQ(filled({"Red", "Blue"}, 0)[0], none);
+    for (const int n : {0, 257}) EXPECT_EQ(filled({"Red", "Blue"}, n)[0], none);
     EXPECT_EQ(filled({}, 3)[0], none);
     Colors untouched(1, none);
     EXPECT_THROW(g3d_Utils::FillInColorsAndInterpolate({"Red", "nowhere"}, 1, untouched.data()),
@@ -410,8 +364,7 @@ TEST(g3d_Utils, SpectrumThroughNames) {
     EXPECT_EQ(untouched[0], none);
     for (int n = 5; n <= 256; ++n) {  // names keep their places whatever the rounding
         const Colors names = filled({"Red", "White", "Black", "Green", "Blue"}, n);
-        EXPECT_EQ(names.front(), red);
-        EXPECT_EQ(names.back(), blue);
+        EXPECT_TRUE(names.front() == red && names.back() == blue);
         EXPECT_EQ(std::count_if(names.begin(), names.end(), [](const g3d_Color& c) { return c.A() == 1.0F; }), 5);
     }
 }
@@ -446,15 +399,6 @@ TEST(g3d_Spectrum, StepsLookEqualAndRiseForEveryEye) {
     }
 }
 
-TEST(g3d_ColorText, IsReadBackAndRounds) {
-    for (unsigned byte = 0; byte < 256; ++byte) {
-        const g3d_Color color = g3d_Color().Set(byte << 24 | (255 - byte) << 16 | 0xA5FFU);
-        ASSERT_EQ(g3d_Color().Set(g3d_ColorText(color)), color);
-    }
-    EXPECT_EQ(g3d_ColorText({kInfinity, -1.0F, kNaN, 1.0F}), "#FF0000");
-    EXPECT_EQ(g3d_ColorText({0.5F, 0.0019F, 0.002F, 1.0F}), "#800001");
-}
-
 TEST(g3d_ContrastRatio, FollowsTheGuidelines) {
     const g3d_Color white(g3d_White), black(g3d_Black);
     EXPECT_DOUBLE_EQ(g3d_ContrastRatio(white, black), 21.0);
@@ -467,17 +411,13 @@ TEST(g3d_ContrastRatio, FollowsTheGuidelines) {
 TEST(g3d_ContourScale, EveryValueHasTheColourOfItsBand) {
     g3d_ContourScale scale(0.0, 12.0, 3);
     scale.SetNaNColor(g3d_Color(g3d_Black));
-    const std::tuple<double, int, g3d_Color> rows[] = {{-0.001, -1, g3d_Color(g3d_Grey20)},
-                                                       {0.0, 0, g3d_Color(g3d_Blue)},
-                                                       {std::nextafter(4.0, 0.0), 0, g3d_Color(g3d_Blue)},
-                                                       {4.0, 1, g3d_Color(g3d_Green)},
-                                                       {8.0, 2, g3d_Color(g3d_Red)},
-                                                       {12.0, 2, g3d_Color(g3d_Red)},
-                                                       {HUGE_VAL, 3, g3d_Color(g3d_Grey80)},
-                                                       {double{kNaN}, -1, g3d_Color(g3d_Black)}};
+    const double justBelow4 = std::nextafter(4.0, 0.0);
+    const std::tuple<double, int, g3d_PresetColorEnum> rows[] = {
+        {-0.001, -1, g3d_Grey20}, {0.0, 0, g3d_Blue}, {justBelow4, 0, g3d_Blue}, {4.0, 1, g3d_Green},
+        {8.0, 2, g3d_Red},        {12.0, 2, g3d_Red}, {HUGE_VAL, 3, g3d_Grey80}, {double{kNaN}, -1, g3d_Black}};
     for (const auto& [value, band, color] : rows) {
         EXPECT_EQ(scale.Band(value), band) << value;
-        EXPECT_EQ(scale.Color(value), color) << value;
+        EXPECT_EQ(scale.Color(value), g3d_Color(color)) << value;
     }
     Random random(4);
     for (int round = 0; round < 500; ++round) {
@@ -493,8 +433,7 @@ TEST(g3d_ContourScale, EveryValueHasTheColourOfItsBand) {
         }
     }
     EXPECT_EQ(g3d_ContourScale(3.0, -kInfinity, {}).Low(), 0.0);
-    const double greatest = std::numeric_limits<double>::max();
-    EXPECT_EQ(g3d_ContourScale(greatest, -greatest, 2).Limit(1), 0.0);
+    EXPECT_EQ(g3d_ContourScale(1.7e308, -1.7e308, 2).Limit(1), 0.0);
     EXPECT_EQ(g3d_ContourScale(5.0, 5.0, 4).Color(5.0), g3d_Color(g3d_Red));
     EXPECT_EQ(g3d_ContourScale(0.0, 1.0, Colors(300)).BandCount(), 256);
 }
