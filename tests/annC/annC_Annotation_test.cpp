@@ -129,20 +129,20 @@ TEST_F(annC_Model, ArrowAttributesAreKeptComparedAndNamed) {
     Check(&A::SetStartPointX, &A::StartPointX, 1.0);
     Check(&A::SetStartPointY, &A::StartPointY, 2.0);
     Check(&A::SetEndPointX, &A::EndPointX, 3.0);
-    Check(&A::SetEndPointY, &A::EndPointY, std::numeric_limits<double>::infinity());
+    Check(&A::SetEndPointY, &A::EndPointY, 4.0);
     Check(&A::SetStartAnchor, &A::StartAnchor, Anchor<annC_ViewportAnchor>(0.25, 0.5));
     Check(&A::SetEndAnchor, &A::EndAnchor, Anchor<annC_Point3DAnchor>(7.0, 8.0, 9.0));
     Check(&A::SetStartHeadStyle, &A::StartHeadStyle, annC_ArrowHeadStyleEnm::ARROW);
     Check(&A::SetEndHeadStyle, &A::EndHeadStyle, static_cast<annC_ArrowHeadStyleEnm>(-77));
-    Check(&A::SetStartGap, &A::StartGap, 5.0);
+    Check(&A::SetStartGap, &A::StartGap, std::numeric_limits<double>::infinity());
     Check(&A::SetEndGap, &A::EndGap, -6.0);
     Check(&A::SetColor, &A::Color, "#FF0000");
     Check(&A::SetLineStyle, &A::LineStyle, annC_LineStyleEnm::DASHED);
     Check(&A::SetLineThickness, &A::LineThickness, annC_LineThicknessEnm::THICK);
     _all<A>.Translate(10.0, 20.0);
     EXPECT_EQ(Fields(_all<A>),
-              "annC_Arrow object endGap -6 endHeadStyle -77 endPointX 13 endPointY inf lineStyle 2 lineThickness 3 "
-              "startGap 5 startHeadStyle 0 startPointX 11 startPointY 22 color \"#FF0000\" base annC_Annotation "
+              "annC_Arrow object endGap -6 endHeadStyle -77 endPointX 13 endPointY 24 lineStyle 2 lineThickness 3 "
+              "startGap inf startHeadStyle 0 startPointX 11 startPointY 22 color \"#FF0000\" base annC_Annotation "
               "endAnchor 0x03500004, positionX 7 positionY 8 positionZ 9 base annC_Anchor "
               "startAnchor 0x03500003, positionX 0.25 positionY 0.5 base annC_Anchor ");
     Attack(registrar, _all<A>);

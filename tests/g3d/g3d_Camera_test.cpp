@@ -301,6 +301,9 @@ TEST(g3d_Camera, FitsAsTabulated) {
     EXPECT_EQ(Fields(fitted(Parallel(), unit)), (Six{2.1F, 2.1F, 2, 6, 0, 0}));
     EXPECT_EQ(Fields(fitted(g3d_Camera(), unit)), (Six{1.05F, 1.05F, 2, 6, 0, 0}));
     EXPECT_EQ(Window(fitted(Parallel(), g3d_Sphere(origin, kNaN)))[0], 2.1F * 0.0002F);
+    g3d_Camera parallel = Parallel();
+    for (const float none : {2.0F, -3.0F, kNaN, kInfinity}) parallel.SetDistanceFactor(none);
+    EXPECT_EQ(parallel, Parallel());
     EXPECT_EQ(fitted(Parallel(), g3d_BoundingVolume()), Parallel());
     EXPECT_EQ(fitted(Parallel(), g3d_BoundingVolume(std::array{At(kNaN, 0, 0)})), Parallel());
     EXPECT_EQ(fitted(Parallel(), g3d_Sphere(At(kInfinity, 0, 0), 1)), Parallel());
@@ -450,13 +453,14 @@ TEST(g3d_Camera, ZoomToARectangleFillsTheWindow) {
 TEST(g3d_Camera, ZoomTowardsAPointByTheEnvironment) {
     const std::string meanings[] = {"", "use start drag for zoom out origin.\n", "use center for zoom out origin.\n",
                                     "transpose center toward start drag position.\n"};
-    const std::string outwards[] = {"", "-1 -2, ", "0 0, ", "-2 -4, "};
+    const std::string outwards[] = {"", "-1 -2, -1 -2, -0.25 -0.5, ", "0 0, -1 -2, 0 0, ",
+                                    "-2 -4, -1 -2, -0.5625 -1.125, "};
     const std::tuple<const char*, int> settings[] = {
         {nullptr, 1}, {"2", 2}, {" +3x", 3}, {"7", 3}, {"99999999999999999999", 3}, {"0", 1}, {"text", 1}, {"-2", 1}};
     for (const auto& [value, mode] : settings) {
         const ChildResult child = RunInChild([text = value] {
             SetVariable("VLM_ZOOM_TOWARD", text);
-            for (const float percent : {50.0F, -50.0F}) {
+            for (const float percent : {50.0F, -50.0F, -20.0F}) {
                 for (const bool keepPoint : {true, false}) {
                     g3d_Camera camera = Parallel();
                     camera.ZoomTo(1, 2, percent, keepPoint, false);
@@ -467,7 +471,7 @@ TEST(g3d_Camera, ZoomTowardsAPointByTheEnvironment) {
             }
             return 0;
         });
-        EXPECT_EQ(child.out, "0.75 1.5, 0.5 1, " + outwards[mode] + "-1 -2, ") << mode;
+        EXPECT_EQ(child.out, "0.75 1.5, 0.5 1, " + outwards[mode] + "-0.25 -0.5, ") << mode;
         EXPECT_EQ(child.err, value == nullptr ? "" : "VLM_ZOOM_TOWARD: Zoom-out set to " + meanings[mode]);
     }
 }
@@ -479,9 +483,14 @@ TEST(g3d_Camera, MovesAreRigid) {
         const g3d_Vector axis = random.Vector(), to = random.Vector();
         const g3d_Point center = random.Point(), point = random.Seen(before);
         const float angle = random.Number(-180.0, 180.0);
-        g3d_Camera turned = before, aimed = before, panned = before, supplied = before;
+        g3d_Camera turned = before, aimed = before, supplied = before;
         const g3d_XForm view = before.GetVOM();
         supplied.SetLayerXForm(true, &view);
+        const Triple from = Pixel(before, before.GetTarget());
+        for (g3d_Camera panned : {before, supplied}) {
+            panned.Pan(0.25F, -0.5F, 0, true);
+            EXPECT_LT(Distance(Pixel(panned, before.GetTarget()), {from[0] - 400.0, from[1] - 500.0}), 0.1);
+        }
         g3d_Vector arm = point - center;
         g3d_XForm().SetRotate(angle, axis).XForm(&arm, 1);
         for (g3d_Camera* camera : {&turned, &supplied}) {  // a scene that turns along keeps its picture
@@ -492,9 +501,6 @@ TEST(g3d_Camera, MovesAreRigid) {
         aimed.Rotate(to, axis);
         EXPECT_EQ(aimed.GetTarget(), before.GetTarget());
         EXPECT_LT(Distance(aimed.GetLocation(), before.GetLocation()), 1e-4);
-        panned.Pan(0.25F, -0.5F, 0, true);
-        const Triple from = Pixel(before, before.GetTarget());
-        EXPECT_LT(Distance(Pixel(panned, before.GetTarget()), {from[0] - 400.0, from[1] - 500.0}), 0.1);
     }
     g3d_Camera camera = Parallel();
     camera.Pan(1, 2, 3, false);
@@ -565,6 +571,23 @@ TEST(g3d_Camera, SuppliedViewsStandUntilTheyAreTakenBack) {
     camera.SetLayerXForm(false, &aside);
     camera.SetLocation(At(0, 0, 10), origin, kY);
     EXPECT_EQ(camera.GetVOM(), Parallel().GetVOM());
+}
+
+TEST(g3d_Camera, DiffersByWhateverIsSet) {
+    void (*const changes[])(g3d_Camera&) = {
+        [](g3d_Camera& c) { c.SetViewOffset(1, 0); },
+        [](g3d_Camera& c) { c.SetViewOffset(0, 1); },
+        [](g3d_Camera& c) { c.SetWindow(3, 1); },
+        [](g3d_Camera& c) { c.SetNearFar(1, 11); },
+        [](g3d_Camera& c) { c.SetViewportFractions(0, 1, 0.5F, 1); },
+        [](g3d_Camera& c) { c.SetDistanceFactor(5); },
+        [](g3d_Camera& c) { c.Pan(0, 0, 1, false); },
+    };
+    for (const auto& change : changes) {
+        g3d_Camera camera = Parallel();
+        change(camera);
+        EXPECT_FALSE(camera == Parallel()) << &change - changes;
+    }
 }
 
 TEST(g3d_Camera, InterpolationIsExactAtItsEndsAndTurnsEvenly) {

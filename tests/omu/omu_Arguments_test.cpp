@@ -341,7 +341,7 @@ TEST(omu_Arguments, AWrongTypeOfThatNameIsTakenForAMissingKeyword) {
     int number = 0;
     for (const bool isExpected : {false, true}) {
         omu_Arguments arguments;
-        arguments.Put(omu_PrimEnumBase("Undetermined"), "key");
+        arguments.Put(omu_PrimEnumBase(isExpected ? "ON" : "Undetermined"), "key");
         arguments.Begin();
         isExpected ? arguments.Get(undetermined, "key") : arguments.Get(number, "key");
         EXPECT_TRUE(arguments.Error());
