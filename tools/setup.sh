@@ -6,7 +6,7 @@ set -eu
 demo="g++ cmake ninja-build ccache libcairo2-dev libcli11-dev"
 check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev libglm-dev libnanoflann-dev
     libeigen3-dev libfcl-dev gfortran python3 python3-dev python3-numpy python3-pytest pybind11-dev gdb locales
-    dpkg-dev pkgconf doxygen"
+    dpkg-dev file pkgconf doxygen"
 case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;

@@ -14,6 +14,7 @@
 #endif
 
 #include <limits>
+#include <locale>
 #include <map>
 #include <random>
 #include <set>
@@ -162,6 +163,7 @@ std::vector<std::string> Registered() {
     std::vector<std::string> classes;
     for (const auto& [name, id, flags, number] : cls_MetadataRegistrar::Instance().Classes()) {
         std::ostringstream text;
+        text.imbue(std::locale::classic());
         text << name.str() << ':' << std::hex << id << std::dec << ':' << flags << ':' << number;
         classes.push_back(text.str());
     }
