@@ -10,7 +10,7 @@ check="$demo libgtest-dev libgmock-dev libbenchmark-dev libcereal-dev libre2-dev
 case ${1-} in
 demo) wanted=$demo ;;
 check) wanted=$check ;;
-ci) wanted="$check git clang clang-format clang-tidy shellcheck" ;;
+ci) wanted="$check git clang libclang-rt-dev clang-format clang-tidy shellcheck" ;;
 windows) wanted="cmake ninja-build ccache g++-mingw-w64-x86-64-posix googletest wine wine64" ;;
 coverage) wanted="$check gcovr" ;;
 *)
