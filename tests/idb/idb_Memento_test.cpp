@@ -219,13 +219,21 @@ TEST(idb_Memento, AClassMayGrowAndShrink) {
 }
 
 TEST(idb_Memento, AWrongClassIsReportedAndReadAsTheExpectedOne) {
-    std::string bytes = pointBytes;
-    bytes[0] = 0x02;  // a matrix where a point is expected
-    testing::internal::CaptureStderr();
-    EXPECT_TRUE(ReadBack<gsl_Point>(TestRegistrar(), bytes) == gsl_Point(1, 2, -0.5));
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "Error constructing object for 30a0002 does not inherit from 30a0001\n"
-              "Error constructing object for gsl_Matrix does not inherit from gsl_Point\n");
+    const auto report = [](unsigned readClass) {
+        std::string bytes = pointBytes;
+        bytes[0] = static_cast<char>(readClass);
+        testing::internal::CaptureStderr();
+        EXPECT_TRUE(ReadBack<gsl_Point>(TestRegistrar(), bytes) == gsl_Point(1, 2, -0.5));
+        return testing::internal::GetCapturedStderr();
+    };
+    const auto complaint = [](const std::string& read, const std::string& expected) {
+        return "Error constructing object for " + read + " does not inherit from " + expected + "\n";
+    };
+    EXPECT_EQ(report(2), complaint("30a0002", "30a0001") + complaint("gsl_Matrix", "gsl_Point"));
+    EXPECT_EQ(report(0x77), complaint("30a0077", "30a0001") + complaint("unknown class", "gsl_Point"));
+    constexpr typ_Entry names[] = {{0, 1, nullptr}, {7, 1, "place"}, {7, 1, "table"}};
+    typ_ArchCompTable::InsertEntry(0x30A, typ_ArchCompEntry(names, 3));
+    EXPECT_EQ(report(2), complaint("30a0002", "30a0001") + complaint("table", "place"));
 
     // A derived class is taken without a word, whether the registrar knows it for one or the type table; an unrelated
     // one is refused where an object is to be made.
