@@ -68,7 +68,8 @@ std::string Printed(const char* format, int decimals, double value) {
     return text.data();
 }
 
-/// Three digits of the step between limits show, in exponents where fixed point would be long.
+/// Three digits of the step between limits show, in exponents where fixed point would be long, but no more than nine
+/// of the limit.
 void AddLegend(annC_AnnotationContainer& container, const host_Scene& scene, const host_Captions& captions) {
     const g3d_ContourScale scale = host_ContourScale(scene);
     const int bands = scale.BandCount();
@@ -76,7 +77,8 @@ void AddLegend(annC_AnnotationContainer& container, const host_Scene& scene, con
     const double step = scale.High() > scale.Low() ? scale.Limit(1) - scale.Low() : greatest / 10.0;
     const double digits = step > 0.0 ? 2.0 - std::floor(std::log10(step)) : 0.0;
     const bool isFixed = digits <= 6.0 && greatest < 1e6;
-    const int decimals = isFixed ? std::max(0, static_cast<int>(digits)) : 3;
+    const int decimals = isFixed ? std::max(0, static_cast<int>(digits))
+                                 : static_cast<int>(std::clamp(digits + std::floor(std::log10(greatest)), 3.0, 8.0));
 
     const annC_AnchorHld corner = At(Place::TOP_LEFT);
     constexpr double left = host_LegendPlace::left, top = host_LegendPlace::top, margin = 1.0;

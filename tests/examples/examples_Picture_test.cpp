@@ -268,6 +268,31 @@ TEST(Picture, LeavesAnnotationsApart) {
     }
 }
 
+TEST(Picture, TellsTheLimitsOfTheLegendApart) {
+    for (const auto& [low, high] : {std::pair{0.0, 456.385},
+                                    {88.8833, 88.8834},
+                                    {-1.00001e8, -1e8},
+                                    {1e-12, 3e-12},
+                                    {-1e308, 1e308},
+                                    {8.88888e-1, 8.88890e-1}}) {
+        host_Scene scene = Bench();
+        scene.low = low;
+        scene.high = high;
+        const annC_AnnotationContainer all = host_Annotations(scene, {"Title", "", "Quantity", ""}, 0, "");
+        const g3d_ContourScale scale = host_ContourScale(scene);
+        for (int limit = 0; limit <= scale.BandCount(); ++limit) {
+            const char* name = limit < 10 ? "legend 00" : "legend 0";
+            const auto* text =
+                dynamic_cast<const annC_Text*>(all.ConstGet((name + std::to_string(limit)).c_str()).Get());
+            ASSERT_NE(text, nullptr);
+            const double told = std::stod(text->Text().c_str());
+            EXPECT_LE(std::abs(told - scale.Limit(limit)), 0.05 * (high / scale.BandCount() - low / scale.BandCount()))
+                << text->Text();
+            EXPECT_LE(text->Text().Length(), 15) << text->Text();
+        }
+    }
+}
+
 // ---- Files
 
 TEST(Picture, IsTheSameWholeFileEachTime) {
