@@ -23,7 +23,8 @@ std::string Number(double value, int digits) {
     return text.data();
 }
 
-/// Of the values, ascending, and never without extent; 0 to 1 where there are none.
+/// Of the values, ascending, and never without extent; 0 to 1 where there are none. What differs by less than the six
+/// digits of a result file can tell is one value: its contours would show nothing but rounding.
 std::array<double, 2> RangeOf(const std::vector<double>& values) {
     double low = std::numeric_limits<double>::infinity();
     double high = -low;
@@ -33,7 +34,9 @@ std::array<double, 2> RangeOf(const std::vector<double>& values) {
         high = std::max(high, value);
     }
     if (low > high) return {0.0, 1.0};
-    return {low, low < high ? high : low + std::max(1.0, std::abs(low))};
+    const double size = std::max(std::abs(low), std::abs(high));
+    if (high - low > 1e-6 * size) return {low, high};
+    return {low, low + (size > 0.0 ? size : 1.0)};
 }
 
 host_Captions CaptionsOf(const host_Choice& choice, const host_Options& options) {
@@ -65,7 +68,7 @@ host_Scene host_MakeScene(const frd_Model& model, std::vector<host_Face> skin, c
     for (const gsl_Point& position : host_Deformed(host_Positions(model), choice.set.displacements, options.deform))
         scene.positions.push_back(position.AsArray());
     if (!std::ranges::all_of(scene.positions, host_Limits::IsDrawable))
-        throw std::runtime_error("the model, as deformed, is too large to be drawn");
+        throw std::runtime_error("the model, as deformed, has nodes nowhere, or is too large to be drawn");
     scene.values = host_NodeValues(model, choice);
     scene.faces = std::move(skin);
     const std::array<double, 2> range = options.range.value_or(RangeOf(scene.values));

@@ -126,7 +126,8 @@ std::vector<gsl_Point> host_Positions(const frd_Model& model) {
 }
 
 std::vector<gsl_Point> host_Deformed(std::vector<gsl_Point> positions, const frd_Result* displacements, double factor) {
-    for (std::size_t row = 0; displacements != nullptr && row < displacements->nodes.size(); ++row) {
+    if (displacements == nullptr || factor == 0.0) return positions;
+    for (std::size_t row = 0; row < displacements->nodes.size(); ++row) {
         gsl_Point& position = positions[displacements->nodes[row]];
         position.SetPos(position + host_DisplacementAt(*displacements, row) * factor);
     }

@@ -72,7 +72,8 @@ struct host_Stresses {
 [[nodiscard]] std::optional<std::size_t> host_Extreme(const std::vector<double>& values, host_QuantityEnm quantity);
 
 [[nodiscard]] std::vector<gsl_Point> host_Positions(const frd_Model& model);
-/// Moved by `factor` times the displacements; as they are when these are null.
+/// Moved by `factor` times the displacements; as they are when these are null or the factor is 0: a diverged solution
+/// has displacements that are not numbers, and its model can be drawn all the same.
 [[nodiscard]] std::vector<gsl_Point> host_Deformed(std::vector<gsl_Point> positions, const frd_Result* displacements,
                                                    double factor);
 

@@ -4,6 +4,7 @@
 #include "host_Annotations.h"
 #include "host_Camera.h"
 #include "host_Canvas.h"
+#include "host_MakeScene.h"
 #include "host_ModelPainter.h"
 #include "host_Page.h"
 #include "host_Picture.h"
@@ -291,6 +292,22 @@ TEST(Picture, TellsTheLimitsOfTheLegendApart) {
             EXPECT_LE(text->Text().Length(), 15) << text->Text();
         }
     }
+}
+
+TEST(Picture, HasALegendOfWhatDiffers) {
+    const auto range = [](double first, double second) {
+        frd_Model model;
+        model.nodes = {{1, {0, 0, 0}}, {2, {1, 0, 0}}};
+        model.results = {{"DISP", 1, 0.0, {"D1", "D2", "D3"}, {0, 1}, {first, 0, 0, second, 0, 0}}};
+        const host_Scene scene = host_MakeScene(model, {}, host_Choose(model, {}, {}), host_Options());
+        return std::pair{scene.low, scene.high};
+    };
+    EXPECT_EQ(range(0.25, 0.5), std::pair(0.25, 0.5));
+    EXPECT_EQ(range(0.50001, 0.5), std::pair(0.5, 0.50001));
+    EXPECT_EQ(range(0.5, 0.5 + 1e-9), std::pair(0.5, 1.0 + 1e-9)) << "rounding";
+    EXPECT_EQ(range(0.0, 0.0), std::pair(0.0, 1.0));
+    EXPECT_EQ(range(nan, 3e-20), std::pair(3e-20, 6e-20));
+    EXPECT_EQ(range(nan, nan), std::pair(0.0, 1.0));
 }
 
 // ---- Files
