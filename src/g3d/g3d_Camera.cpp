@@ -1,5 +1,6 @@
 #include <g3d/g3d_Camera.h>
 #include <g3d/g3d_Sphere.h>
+#include <g3d/g3d_Storage.h>
 
 #include <algorithm>
 #include <array>
@@ -62,20 +63,27 @@ g3d_Vector Unit(const g3d_Vector& v) noexcept { return UnitOr(v, ZAxis()); }
 
 // ---- Views
 
-/// Whether up x backward, `backward` being unit, is more than rounding noise.
-bool IsUpright(const g3d_Vector& up, const g3d_Vector& backward) noexcept {
-    return g3d_Cross(up, backward).Length() > 1e-5F * up.Length();
-}
+g3d_Storage InDouble(const g3d_Vector& v) noexcept { return {v.X(), v.Y(), v.Z()}; }
 
-/// Across `backward`, a unit vector, and the first of up, y and z that is not parallel to it.
-g3d_Vector Right(const g3d_Vector& up, const g3d_Vector& backward) noexcept {
-    const g3d_Vector own = IsUpright(up, backward) ? g3d_Cross(up, backward) : g3d_Vector();
-    return UnitOr(own, UnitOr(g3d_Cross(YAxis(), backward), Unit(g3d_Cross(ZAxis(), backward))));
+/// Across `view`, which is no zero, and the first of up, y and z that is not parallel to it: 1 long. In double, for an
+/// up that is next to the view direction, or huge.
+g3d_Vector Right(const g3d_Vector& up, const g3d_Vector& view) noexcept {
+    g3d_Storage right;
+    for (const g3d_Vector& upright : {up, YAxis(), ZAxis()}) {
+        right = g3d_Cross(InDouble(upright), InDouble(view));
+        const double square = g3d_Dot(right, right);
+        if (square > 0.0 && std::isfinite(square)) break;
+    }
+    g3d_Normalize(right);
+    return {right.GetX(), right.GetY(), right.GetZ()};
 }
 
 g3d_XForm ViewOrientation(const g3d_Point& eye, const g3d_Point& target, const g3d_Vector& up) noexcept {
-    const g3d_Vector backward = Unit(eye - target);
-    const g3d_Vector right = Right(up, backward);
+    g3d_Vector view = eye - target;
+    g3d_Vector backward = view;
+    backward.Normalize();
+    if (!IsDirection(backward)) view = backward = ZAxis();
+    const g3d_Vector right = Right(up, view);
     const g3d_Point at = eye.Cartesian();
     return g3d_XForm()
         .Set(right, g3d_Cross(backward, right), backward)
@@ -319,10 +327,7 @@ void g3d_Camera::SetLocation(const g3d_Point& eye, const g3d_Point& target, cons
     const g3d_Vector backward = from - target;
     const auto isUseless = [&](const g3d_Vector& v) { return g3d_Cross(backward, v) == g3d_Vector(); };
     g3d_Vector upright = up == g3d_Vector() ? YAxis() : up;
-    if (isUseless(upright)) {
-        upright = upright.Y() > upright.Z() ? ZAxis() : YAxis();
-        if (isUseless(upright)) upright = ZAxis();
-    }
+    if (isUseless(upright)) upright = upright.Y() > upright.Z() ? ZAxis() : YAxis();
     Place(from, target, upright);
 }
 
@@ -408,6 +413,8 @@ void g3d_Camera::SetLayerXForm(bool supplied, const g3d_XForm* xform) noexcept {
     if (!supplied) {
         Put(SuppliedViewFlag, false);
         _viewDirty = true;
+        StoreNearFar(_near, _far);
+        SetWindow(_width, _height);
     } else if (xform != nullptr && IsFinite(*xform)) {
         Put(SuppliedViewFlag, true);
         _viewOrientation = *xform;
@@ -436,7 +443,6 @@ void g3d_Camera::SetModelBoundingVolume(g3d_BoundingVolume volume, float value) 
 bool g3d_Camera::PlaceBefore(const g3d_Point& center, float radius, const g3d_Vector& backward,
                              const g3d_Vector& up) noexcept {
     if (!Place(center + backward * (_distanceFactor * radius), center, up)) return false;
-    if (Has(SuppliedViewFlag)) return true;
     StoreNearFar((_distanceFactor - 2.0F) * radius, (_distanceFactor + 2.0F) * radius);
     return true;
 }
@@ -594,10 +600,11 @@ void g3d_Camera::Rotate(float angleDegrees, const g3d_Vector& axis, const g3d_Po
     if (turn == g3d_XForm()) return;
     const g3d_Point cartesian = about.Cartesian();
     const g3d_Point center(cartesian.X(), cartesian.Y(), cartesian.Z());
-    // An up that is of no use would become one that is noise: what the view took instead is turned.
-    const bool upright = IsUpright(_up, Unit(_eye - _target));
-    const g3d_Vector up = upright ? _up : Row(ViewOrientation(_eye, _target, _up), 1);
-    std::array<g3d_Vector, 3> arms = {_eye - center, _target - center, up};
+    // Of an up next to the view direction the turn would leave rounding noise: the view's own is turned instead.
+    const g3d_Storage up = InDouble(_up), across = g3d_Cross(up, InDouble(Unit(_eye - _target)));
+    const bool isUpright = g3d_Dot(across, across) > 1e-10 * g3d_Dot(up, up);
+    std::array<g3d_Vector, 3> arms = {_eye - center, _target - center,
+                                      isUpright ? _up : Row(ViewOrientation(_eye, _target, _up), 1)};
     turn.XForm(arms.data(), 3);
     Carry(center + arms[0], center + arms[1], arms[2], About(center, turn.Transpose()));
 }

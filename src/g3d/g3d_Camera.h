@@ -25,7 +25,7 @@ class g3d_Sphere;
 /// - a window side lies in [0.0001, 3.4028235e31], for a perspective camera the lower bound is at least
 ///   near * 0.0001 / distance; then the lesser side is raised to 1/500 of the greater. A NaN counts as too small;
 /// - where a direction is wanted and there is none (eye equal to target), it is (0, 0, 1); where up is of no use
-///   (zero, or within 1e-5 of the view direction, which leaves rounding noise), the y axis serves, or the z axis;
+///   (zero, or parallel to the view direction, exactly), the y axis serves, or the z axis;
 /// - a location, pan, rotation, offset, fraction or distance factor that is not finite, or whose result is not, changes
 ///   nothing;
 /// - a matrix that would still not be finite (window of NaN, numbers near the end of float) is the identity.
@@ -78,16 +78,16 @@ public:
     /// The least near distance, 1e-5.
     [[nodiscard]] static constexpr float GetNearPlane_MinValue() noexcept { return 1e-5F; }
 
-    /// Rows right = up x backward, up, backward = eye to target reversed, then the translation by -eye; or the supplied
-    /// matrix. The references stay good, the matrices change with the camera.
+    /// Rows right = up x backward (in double), up, backward = eye to target reversed, then the translation by -eye; or
+    /// the supplied matrix. The references stay good, the matrices change with the camera.
     [[nodiscard]] const g3d_XForm& GetVOM() const noexcept;
     [[nodiscard]] const g3d_XForm& GetPM() const noexcept;
 
     // ---- Setting
 
     /// Repairs first: equal eye and target (exact) multiply the eye's z by 1.1; a zero up becomes (0, 1, 0); an up
-    /// parallel to the view direction becomes (0, 0, 1) when up.y > up.z, else (0, 1, 0), and if that is parallel too
-    /// (0, 0, 1). With a supplied view *only the target is stored*.
+    /// parallel to the view direction (exactly) becomes (0, 0, 1) when up.y > up.z, else (0, 1, 0), *which may be
+    /// parallel as well*. With a supplied view *only the target is stored*.
     void SetLocation(const g3d_Point& eye, const g3d_Point& target, const g3d_Vector& up) noexcept;
 
     /// In model units, after the repairs told above; and by how much the window is moved off the axis.
@@ -125,7 +125,7 @@ public:
     void CorrectAspect(float width, float height) noexcept;
 
     /// With `supplied` the VOM is `*xform` from now on, as it stands; null or not finite: nothing happens. Without, the
-    /// camera makes its own again.
+    /// camera makes its own again, and window, near and far are repaired.
     void SetLayerXForm(bool supplied, const g3d_XForm* xform) noexcept;
 
     /// Keeps a copy of the volume of the whole model and its number, and widens near and far so that they hold its
@@ -133,7 +133,7 @@ public:
     /// the picture stays. Not finite vertices count for nothing.
     void SetModelBoundingVolume(g3d_BoundingVolume volume, float value) noexcept;
 
-    // ---- Fitting. View offsets become 0. With a supplied view, near and far stay.
+    // ---- Fitting. View offsets become 0. With a supplied view, near and far are stored without repair.
 
     /// Looks at the sphere from the present direction, with 5 % to spare. A radius that is not positive becomes 0.0002.
     void Fit(const g3d_Sphere& sphere) noexcept;
@@ -151,8 +151,8 @@ public:
     /// *both* 500; *the window is stored as given*, NaN and negative sizes too.
     void FitVP(float width, float height) noexcept;
 
-    /// The same with the origin in the lower left corner: eye and target are before the middle. `depth` is the radius
-    /// in z that near and far hold, by the distance factor; 0 is as `FitVP`.
+    /// The same with the origin in the lower left corner: eye and target are before the middle, *as given too*, NaN
+    /// included. `depth` is the radius in z that near and far hold, by the distance factor; 0 is as `FitVP`.
     void FitCenterVP(float width, float height, float depth, bool center) noexcept;
 
     /// Turns to one of the standard views and fits the sphere; other values keep the direction.

@@ -16,7 +16,8 @@
 ///
 /// One tolerance for the process serves all of them, 1e-5 at the start and unlocked: setting it on one thread changes
 /// every test on all threads. **Zero** means here: strictly below the tolerance in magnitude; the tolerance itself is
-/// not zero any more, nor is NaN. A tolerance that is not positive lets only what is exact pass, or nothing.
+/// not zero any more, nor is NaN. A tolerance that is not positive lets only what is exact pass, or nothing;
+/// *`LinePlaneIntersection` then takes every line for oblique*.
 ///
 /// Even-odd rule: a point is inside a polygon when a ray from it crosses the outline an odd number of times. Polygons
 /// need not be convex and may cross themselves; the last vertex is joined to the first. The outline belongs to the

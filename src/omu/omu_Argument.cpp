@@ -110,6 +110,9 @@ std::unique_ptr<omu_Primitive> omu_MakePrimitive(const cow_String& value) {
 std::unique_ptr<omu_Primitive> omu_MakePrimitive(const OrvBasUtlFilePath& value) {
     return omu_MakePrimitive(value.Path());
 }
+std::unique_ptr<omu_Primitive> omu_MakePrimitive(const omu_VelmorName& value) {
+    return omu_MakePrimitive(value.AsString());
+}
 std::unique_ptr<omu_Primitive> omu_MakePrimitive(const atr_String& value) {
     return std::make_unique<omu_PrimTranslatedString>(value);
 }

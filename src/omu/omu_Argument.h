@@ -41,13 +41,14 @@ class omu_PrimDictionary;
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(double value);
 /// An omu_PrimBoolean.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(bool value);
-/// An omu_PrimString, as the next one and that of paths; null is the empty text.
+/// An omu_PrimString, as the next three; null is the empty text.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const char* value);
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const cow_String& value);
-/// An omu_PrimComplex.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const OrvBasUtlFilePath& value);
+[[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const omu_VelmorName& value);
 /// An omu_PrimTranslatedString.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const atr_String& value);
+/// An omu_PrimComplex.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const omi_complex& value);
 /// A copy.
 [[nodiscard]] ORV_EXPORT std::unique_ptr<omu_Primitive> omu_MakePrimitive(const omu_Primitive& value);
@@ -104,6 +105,7 @@ concept omu_Puttable = requires(const V& value) {
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimType& target);
 /// A tuple or a list; a list is read as a tuple of its type character.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimTuple& target);
+/// A list.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimList& target);
 /// An array, or a tuple or list that an array can be made of.
 [[nodiscard]] ORV_EXPORT bool omu_TakeArgument(const omu_Primitive& found, omu_PrimArray& target);

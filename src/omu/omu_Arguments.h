@@ -83,7 +83,9 @@ public:
 
     /// Throws the first that holds: omu_KeywordErrorException for a keyword that nobody read,
     /// omu_ArgTypeErrorException or omu_KeywordTypeErrorException for the recorded error, omu_ArgNumberErrorException
-    /// for too few arguments, the same for too many.
+    /// for too few arguments, the same for too many. A keyword's value of the wrong type is not told when it is an
+    /// enumeration named Undetermined, which is also the mark of a keyword that is missing; `Error()` is true all the
+    /// same.
     void End(const cow_String& command = cow_String()) override;
 
     // ---- Deprecated arguments, kept for old scripts. Where they are refused, the reads here do nothing at all, as if

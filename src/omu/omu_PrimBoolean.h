@@ -7,7 +7,7 @@
 /// True or False.
 class ORV_EXPORT omu_PrimBoolean : public omu_Primitive {
 public:
-    /// ON or OFF.
+    /// Prints as what it was made from.
     explicit omu_PrimBoolean(bool value) noexcept : omu_Primitive('b'), _value(value) {}
     /// A text would silently become true.
     template <class T>

@@ -9,6 +9,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace {
 
@@ -49,8 +50,12 @@ cow_String TextOf(double limit) { return cow_String(limit); }
 double NumberOf(const cow_String& limit) {
     const std::string_view text = limit.View();
     double number = 0.0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc::result_out_of_range || std::string_view(text.data(), end).find("e-") != text.npos)
+        return number;
+    // The largest doubles are rounded up past themselves by 15 digits; infinity is told by its name.
+    constexpr double largest = std::numeric_limits<double>::max();
+    return text.front() == '-' ? -largest : largest;
 }
 
 int IntOf(const cow_String& limit) {

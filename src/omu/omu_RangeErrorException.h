@@ -40,8 +40,9 @@ public:
     [[nodiscard]] omu_RangeQualifierEnm LowerQualifier() const noexcept { return _lowerQualifier; }
     [[nodiscard]] omu_RangeQualifierEnm HigherQualifier() const noexcept { return _higherQualifier; }
 
-    /// The number that the limit's text begins with, 0 when there is none. As an int it is truncated toward zero; NaN
-    /// gives 0, and what no int holds gives the nearest one.
+    /// The number that the limit's text begins with, 0 when there is none; the largest double for one just above it,
+    /// which is how that one prints. As an int it is truncated toward zero; NaN gives 0, and what no int holds gives
+    /// the nearest one.
     [[nodiscard]] int LowerLimitAsInt() const;
     [[nodiscard]] double LowerLimitAsDouble() const;
     [[nodiscard]] int HigherLimitAsInt() const;

@@ -159,8 +159,8 @@ TEST(g3d_Camera, LocationsAreRepaired) {
         {at, origin, To(0, 0, 0), at, kY},         // no up
         {at, origin, To(0, 0, 5), at, kY},         // parallel, y not above z
         {above, origin, To(0, 5, 0), above, kZ},   // parallel, y above z
-        {above, origin, To(0, -5, 0), above, kZ},  // the replacement is parallel as well
-        {at, origin, To(0, 0, -5), at, kZ},        // and so is its replacement
+        {above, origin, To(0, -5, 0), above, kY},  // the replacement is parallel as well
+        {at, origin, To(0, 0, -5), at, kZ},        // here too
         {At(kNaN, 0, 0), origin, kX, start, kY},   // refused
         {at, {kGreatest, 0.0F, 0.0F, 0.1F}, kX, start, kY}};
     for (const auto& [eye, target, up, expectedEye, expectedUp] : cases) {
@@ -175,6 +175,13 @@ TEST(g3d_Camera, LocationsAreRepaired) {
     }
     Random random(430);
     g3d_Camera camera;
+    for (const g3d_Vector& up : {To(5e-6F, 0, 1), To(-1e-7F, 0, -1), To(3e38F, 3e38F, 0), To(1e-38F, 0, 1e-31F)}) {
+        camera.SetLocation(At(0, 0, 5), origin, up);  // next to the view direction, or huge
+        const double across = std::hypot(double{up.X()}, double{up.Y()});
+        EXPECT_EQ(camera.GetUp(), up);
+        EXPECT_NEAR(camera.GetVOM().M(1, 0), up.X() / across, 1e-7);
+        EXPECT_NEAR(camera.GetVOM().M(1, 1), up.Y() / across, 1e-7);
+    }
     for (int n = 0; n < 50; ++n) {  // parallel up to rounding
         const g3d_Vector direction = random.Vector();
         camera.SetLocation(origin + direction * 7, origin, direction * 0.3F);
@@ -318,13 +325,19 @@ TEST(g3d_Camera, FitsAsTabulated) {
     EXPECT_NEAR(Fields(box)[1], 4.0 * atNear * 1.05, 1e-5);
     EXPECT_EQ(Fields(box)[4], 0.0F);
 
-    // A supplied view is kept, near and far too, and the view axis belongs to the extents: 0 to 6, not 5 to 6.
+    // A supplied view is kept, near and far are not repaired, and the view axis belongs to the extents: 0 to 6, not 5
+    // to 6.
     g3d_Camera supplied = Parallel(), aimless;
     const g3d_XForm aside = g3d_XForm().SetTranslate(To(5, 0, 0));
     supplied.SetLayerXForm(true, &aside);
     supplied.Fit(origin, At(1, 1, 1));
     EXPECT_EQ(supplied.GetVOM(), aside);
-    EXPECT_EQ(Fields(supplied), (Six{6 * 1.05F, 1.05F, 5, 15, 0, 0}));
+    const float half = std::sqrt(0.75F);
+    EXPECT_EQ(Fields(supplied), (Six{6 * 1.05F, 1.05F, 2 * half, 6 * half, 0, 0}));
+    supplied.SetNearFar(3, 4);
+    supplied.MakePerspective();
+    supplied.Fit(g3d_Sphere(origin, 7));
+    EXPECT_EQ(Fields(supplied), (Six{1.05F / 4 * 2 * 14, 1.05F / 4 * 2 * 14, 14, 42, 0, 0}));
 
     // Without a direction a sphere is seen along -z, a volume along +z.
     aimless.SetLocation(origin, origin, kY);
@@ -570,6 +583,7 @@ TEST(g3d_Camera, SuppliedViewsStandUntilTheyAreTakenBack) {
     camera.Pan(0.25F, 0, 0, true);  // a quarter of the window, which spans 500 in the world now
     EXPECT_EQ(camera.GetTarget(), At(126, 0, 0));
     camera.SetLayerXForm(false, &aside);
+    EXPECT_EQ(Fields(camera), (Six{1000, 2, 1e-5F, 1e-5F * (1.0F + 1e-5F), 0, 0}));
     camera.SetLocation(At(0, 0, 10), origin, kY);
     EXPECT_EQ(camera.GetVOM(), Parallel().GetVOM());
 }

@@ -120,6 +120,11 @@ TEST_F(omu_Exceptions, TellTheRangeBySidesAndKind) {
     range.SetHigherLimitAsDouble(-Limits::infinity());
     EXPECT_EQ(range.LowerLimitAsInt(), 0);
     EXPECT_EQ(range.HigherLimitAsInt(), INT_MIN);
+    for (const double limit : {Limits::max(), -Limits::max(), Limits::infinity(), -Limits::infinity()}) {
+        range.SetHigherLimitAsDouble(limit);
+        EXPECT_EQ(range.HigherLimitAsDouble(), limit);
+        EXPECT_EQ(range.HigherLimitAsInt(), limit < 0.0 ? INT_MIN : INT_MAX);
+    }
     range.SetLowerLimitAsInt(INT_MIN);
     EXPECT_EQ(range.LowerLimitAsDouble(), INT_MIN);
 }
