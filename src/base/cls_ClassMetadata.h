@@ -58,9 +58,14 @@ public:
     [[nodiscard]] unsigned Flags() const noexcept { return _flags; }
     /// Replaces the flags.
     void SetFlags(unsigned flags) noexcept { _flags = flags; }
-    /// Type identifier of the base part's class, `cls_RootClass` for none.
+    /// Type identifier of the base's class, `cls_RootClass` for none.
     [[nodiscard]] unsigned BaseId() const noexcept { return _baseId; }
-    [[nodiscard]] bool HasBasePart() const noexcept { return _baseId != cls_RootClass; }
+    [[nodiscard]] bool HasBasePart() const noexcept { return _baseId != cls_RootClass && _storesBase; }
+    /// Derived from the base's class, but all that is stored are its own attributes.
+    cls_ClassMetadata& WithoutBasePart() noexcept {
+        _storesBase = false;
+        return *this;
+    }
 
     /// By name: the order of every layout.
     [[nodiscard]] const std::map<std::string, cls_Attribute>& Attributes() const noexcept { return _attributes; }
@@ -92,6 +97,7 @@ private:
     unsigned _number = 0;
     unsigned _flags = 0;
     unsigned _baseId = cls_RootClass;
+    bool _storesBase = true;
     std::map<std::string, cls_Attribute> _attributes;
     std::vector<const Node*> _registered;  // in order of registration
     std::vector<const cls_Attribute*> _objects;

@@ -14,7 +14,7 @@ class cls_WriteVisitor;
 /// value apart. A value that is text is the message as well; any other leaves the message empty.
 ///
 /// A module that names one of these, by an alias, specialises `MessageOf`, `PythonType` and `JournalMessage` where the
-/// defaults do not suit, and `InitializeMetadata` when it registers the class.
+/// defaults do not suit, and `InitializeMetadata` and `DBWrite` when it registers the class.
 template <class Payload, int Code>
 class __attribute__((visibility("default"))) nex_CmdException : public nex_CommandException {
 public:
@@ -31,8 +31,10 @@ public:
         return nex_CommandException::JournalMessage(mode);
     }
 
-    // The one attribute is "m_Value". The visitors are template parameters only so that their headers are not needed
-    // here.
+    // ---- Persistence: as the message, until the class is registered as derived from nex_CommandException and
+    // `DBWrite` specialised to write the value as "m_Value", which is what is read. The reader is a template parameter
+    // only so that its header is not needed here.
+
     [[nodiscard]] static unsigned TypeId() noexcept { return static_cast<unsigned>(Code); }
     [[nodiscard]] unsigned DynTypeId() const override { return TypeId(); }
 
@@ -40,10 +42,7 @@ public:
     template <std::same_as<cls_ReadVisitor> Reader>
     explicit nex_CmdException(const Reader& reader) : nex_CmdException(reader.Read("m_Value", Payload())) {}
 
-    template <std::same_as<cls_WriteVisitor> Writer>
-    void DBWrite(const Writer& writer) const {
-        writer.Write("m_Value", _value);
-    }
+    void DBWrite(const cls_WriteVisitor& visitor) const override { nex_CommandException::DBWrite(visitor); }
 
     /// Defined for the classes that are registered, by specialisation.
     static void InitializeMetadata(cls_ClassRegistrar& registrar);

@@ -16,5 +16,12 @@ const char* g3d_ColorErrorException::PythonType() const {
 
 template <>
 void g3d_ColorErrorException::InitializeMetadata(cls_ClassRegistrar& registrar) {
-    registrar.Class<g3d_ColorErrorException>("g3d_ColorErrorException", 1).Add<cow_String>("m_Value");
+    registrar.Class<g3d_ColorErrorException, nex_CommandException>("g3d_ColorErrorException", 1)
+        .WithoutBasePart()  // the message is made from the name
+        .Add<cow_String>("m_Value");
+}
+
+template <>
+void g3d_ColorErrorException::DBWrite(const cls_WriteVisitor& visitor) const {
+    visitor.Write("m_Value", Value());
 }

@@ -18,5 +18,7 @@ template <>
 ORV_EXPORT const char* g3d_ColorErrorException::PythonType() const;
 template <>
 ORV_EXPORT void g3d_ColorErrorException::InitializeMetadata(cls_ClassRegistrar& registrar);
+template <>
+ORV_EXPORT void g3d_ColorErrorException::DBWrite(const cls_WriteVisitor& visitor) const;
 
 #endif

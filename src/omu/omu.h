@@ -8,6 +8,7 @@
 #include <omu/omu_Atom.h>
 #include <omu/omu_AttributeErrorException.h>
 #include <omu/omu_BoolSelectEnum.h>
+#include <omu/omu_EnumErrorException.h>
 #include <omu/omu_GenericTypeErrorException.h>
 #include <omu/omu_KeywordErrorException.h>
 #include <omu/omu_KeywordTypeErrorException.h>

@@ -2,6 +2,7 @@
 #define ORV_OMU_OMU_PRIMENUM_H
 
 #include <base/detail/cow_Range.h>
+#include <omu/omu_EnumErrorException.h>
 #include <omu/omu_PrimEnumBase.h>
 
 #include <cstddef>
@@ -18,8 +19,8 @@
 /// All instantiations share the class identifier of omu_PrimEnumBase, and only the name is stored. A field of a known
 /// instantiation is read back by its own reading constructor; elsewhere a plain omu_PrimEnumBase comes back.
 ///
-/// Constructors that find no row throw nex_CommandException; the message tells what was asked for and, but for the one
-/// from another enumeration, what is permissible.
+/// Constructors that find no row throw omu_EnumErrorException; the message tells what was asked for and, but for the
+/// one from another enumeration, what is permissible.
 template <class E, int N = 1>
 class __attribute__((visibility("default"))) omu_PrimEnum : public omu_PrimEnumBase {
 public:
@@ -30,13 +31,13 @@ public:
         E value = E();
     };
 
-    /// Throws nex_CommandException for a value that the table lacks.
+    /// Throws omu_EnumErrorException for a value that the table lacks.
     explicit omu_PrimEnum(E value) : omu_PrimEnumBase(cow_String()) {
         if (!SetValue(value))
             ThrowCommand(atr("omu_PrimEnum(Enum) - Enum value not allowed: %d  Permissible: %s",
                              static_cast<int>(value), PermissibleValuesAsString().c_str()));
     }
-    /// Throws nex_CommandException for a name that the table lacks.
+    /// Throws omu_EnumErrorException for a name that the table lacks.
     explicit omu_PrimEnum(const cow_String& name) : omu_PrimEnumBase(cow_String()) {
         if (!SetValue(name))
             ThrowCommand(atr("omu_PrimEnum(const cow_String&) - str not allowed: %s  Permissible: %s", name.c_str(),
@@ -44,7 +45,7 @@ public:
     }
     /// Null counts as the empty name. Without this one a text would become a true `omu_PrimEnum<bool, 2>`.
     explicit omu_PrimEnum(const char* name) : omu_PrimEnum(cow_String(name)) {}
-    /// By the other's name. Throws nex_CommandException when the table lacks it.
+    /// By the other's name. Throws omu_EnumErrorException when the table lacks it.
     explicit omu_PrimEnum(const omu_PrimEnumBase& other) : omu_PrimEnumBase(cow_String()) {
         if (!SetValue(other.StringValue()))
             ThrowCommand(
@@ -85,7 +86,7 @@ public:
 
     // ---- Persistence: as omu_PrimEnumBase
 
-    /// The first row where the stream carries no name; throws nex_CommandException for a name without a row.
+    /// The first row where the stream carries no name; throws omu_EnumErrorException for a name without a row.
     explicit omu_PrimEnum(const cls_ReadVisitor& visitor) : omu_PrimEnumBase(visitor, Name(0)) {
         if (!SetValue(StringValue()))
             ThrowCommand(atr("omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: %s  Permissible: %s",

@@ -1,8 +1,8 @@
 #include <base/cls_ClassRegistrar.h>
 #include <base/cls_ReadVisitor.h>
 #include <base/cls_WriteVisitor.h>
-#include <base/nex_CommandException.h>
 #include <base/nex_Throw.h>
+#include <omu/omu_EnumErrorException.h>
 #include <omu/omu_PrimEnumBase.h>
 #include <omu/omu_PrimVisitor.h>
 
@@ -56,7 +56,7 @@ bool omu_PrimEnumBase::IsEqual(const omu_Primitive& other) const {
     return value != nullptr && _stringValue == value->_stringValue;
 }
 
-void omu_PrimEnumBase::ThrowCommand(const atr_String& message) { nex_Throw(nex_CommandException(message.Text())); }
+void omu_PrimEnumBase::ThrowCommand(const atr_String& message) { nex_Throw(omu_EnumErrorException(message)); }
 
 // ---- Persistence
 

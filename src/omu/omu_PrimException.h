@@ -28,8 +28,8 @@ public:
     void Accept(omu_PrimVisitor* visitor) const override;
     [[nodiscard]] std::unique_ptr<omu_Primitive> Copy() const override;
 
-    // ---- Persistence: a command exception of a registered class reads back as it was; of any other the message
-    // remains, in a nex_CommandException.
+    // ---- Persistence: a command exception of a class that is registered as derived from nex_CommandException reads
+    // back as it was; of any other the message remains, in a nex_CommandException.
 
     [[nodiscard]] static constexpr unsigned TypeId() noexcept { return omu_TypeId(0x2F); }
     [[nodiscard]] unsigned DynTypeId() const override;

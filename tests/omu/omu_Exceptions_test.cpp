@@ -4,6 +4,7 @@
 #include <base/nex_CmdException.h>
 #include <base/nex_RangeException.h>
 #include <base/nex_Throw.h>
+#include <g3d/g3d_ColorErrorException.h>
 #include <omu/omu_RangeChecker.h>
 #include <omu/omu_SquareBracket.h>
 #include <support/StartedLibrary.h>
@@ -141,6 +142,7 @@ TEST_F(omu_Exceptions, OfOthersAtLeastTheMessageIsStored) {
         }
     };
     check(nex_CommandException("100 %d"), true);
+    check(g3d_ColorErrorException("red%s"), true);
     check(nex_PrimException("Tuple Index returned NULL"), false);
     check(nex_RangeException("far out"), false);
     check(nex_CmdException<cow_String, 0x7F0102>("not registered"), false);

@@ -2,6 +2,7 @@
 // equality, what numbers become when they are narrowed, the messages of enumerations, and visiting.
 
 #include <base/nex_RangeException.h>
+#include <omu/omu_EnumErrorException.h>
 #include <support/StartedLibrary.h>
 #include <support/values.h>
 
@@ -110,15 +111,15 @@ TEST_F(omu_Scalars, TextsOfExceptionalNumbers) {
 
 TEST_F(omu_Scalars, EnumerationsRefuseWhatTheirTablesLack) {
     const std::string known = "  Permissible: {OFF: 0, ON: 1}";
-    EXPECT_EQ(Refusal<nex_CommandException>([] { Kinds(static_cast<omu_PrimNumber::DataTypeEnm>(-1)); }),
+    EXPECT_EQ(Refusal<omu_EnumErrorException>([] { Kinds(static_cast<omu_PrimNumber::DataTypeEnm>(-1)); }),
               "omu_PrimEnum(Enum) - Enum value not allowed: -1  Permissible: "
               "{DOUBLE: 4, FLOAT: 3, INT: 2, SCHAR: 0, SHORT: 1, UINT: 5}");
-    EXPECT_EQ(Refusal<nex_CommandException>([] { Switch("%n%s"); }),
+    EXPECT_EQ(Refusal<omu_EnumErrorException>([] { Switch("%n%s"); }),
               "omu_PrimEnum(const cow_String&) - str not allowed: %n%s" + known);
-    EXPECT_EQ(Refusal<nex_CommandException>([] { omu_PrimBool<2>(omu_PrimEnumBase("INT")); }),
+    EXPECT_EQ(Refusal<omu_EnumErrorException>([] { omu_PrimBool<2>(omu_PrimEnumBase("INT")); }),
               "omu_PrimEnum(const omu_PrimEnumBase&) - str not allowed: INT");
     const std::string gone = Written(registrar, omu_PrimEnumBase("GONE"));
-    EXPECT_EQ(Refusal<nex_CommandException>([&] { (void)ReadBack<Switch>(registrar, gone); }),
+    EXPECT_EQ(Refusal<omu_EnumErrorException>([&] { (void)ReadBack<Switch>(registrar, gone); }),
               "omu_PrimEnum(const cls_ReadVisitor&) - str not allowed: GONE" + known);
     EXPECT_EQ(Switch(cls_ReadVisitor(nullptr)).AsString(), "ON") << "nothing stored: the first row";
 
