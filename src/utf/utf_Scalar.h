@@ -16,7 +16,10 @@ public:
     utf_Scalar(res_DataTypeEnm kind, const T* value, bool engineeringShear = false);
     /// Wraps the caller's number.
     utf_Scalar(res_DataTypeEnm kind, T* value, bool engineeringShear = false);
-    /// A template so that a plain 0 is a number, not a pointer.
+    /// The same with the number told, for those who treat all classes alike: below 1 there is none, and `value` is 0.
+    utf_Scalar(res_DataTypeEnm kind, const T* values, int count, bool engineeringShear = false);
+    utf_Scalar(res_DataTypeEnm kind, T* values, int count, bool engineeringShear = false);
+    /// *A number here is the value, not a count.* A template so that a plain 0 is a number, not a pointer.
     template <class Number>
     requires std::is_arithmetic_v<Number> utf_Scalar(res_DataTypeEnm kind, Number value, bool engineeringShear = false)
         : utf_Scalar(kind, static_cast<const T*>(nullptr), engineeringShear) {

@@ -125,6 +125,12 @@ void utf_Tensor<T>::tensorAsPrincipalAndQuaternions(T* principal, T* quaternion)
 template <class T>
 void utf_Tensor<T>::tensorAsPrincipalAndQuaternions(const cow_2DArray<T>& cosines, T* principal, T* quaternion) const {
     utf_Tensor turned(*this);
+    const utf_TensorLayout layout = utf_LayoutOf(this->type());
+    if (this->engineeringShear() && layout != utf_TensorLayout::Unknown) {
+        // Only tensor shears turn as a tensor.
+        turned = utf_Tensor(this->type());
+        utf_StoreTensor(layout, utf_LoadTensor(layout, this->Components(), true), turned.Components());
+    }
     turned.transformControl(cosines);
     turned.tensorAsPrincipalAndQuaternions(principal, quaternion);
 }

@@ -30,8 +30,8 @@
 template <class T>
 class utf_Tensor final : public utf_EngineeringData<T> {
 public:
-    /// What max/midPrincipal, minPrincipal give for an unknown kind: the extremes of *single* precision, in double too,
-    /// so that a field means the same in either.
+    /// What maxPrincipal (NoMaximum) and midPrincipal, minPrincipal (NoMinimum) give for an unknown kind: the extremes
+    /// of *single* precision, in double too, so that a field means the same in either.
     static constexpr T NoMaximum = static_cast<T>(-3.4028234663852886e38);
     static constexpr T NoMinimum = static_cast<T>(3.4028234663852886e38);
 
@@ -48,6 +48,10 @@ public:
 
     /// All zero.
     explicit utf_Tensor(res_DataTypeEnm kind, bool engineeringShear = false);
+
+    /// Numbers of another type would count as true.
+    template <class U>
+    utf_Tensor(res_DataTypeEnm kind, U* components, bool engineeringShear = false) = delete;
 
     [[nodiscard]] utf_Tensor* Copy() const override;
 
@@ -70,6 +74,9 @@ public:
     /// Into p[0..2]. Kind 9: descending. Kinds 10 to 13: the in-plane pair, descending, then 33 as it is, even when it
     /// is the largest (kinds 10, 12), or 0 (kinds 11, 13). In closed form: near a double value half of the digits are
     /// lost. Kind 9 with all shears below 2.2e-20 of the largest direct deviator gives its diagonal.
+    ///
+    /// For norms up to 1e150, above which squares overflow and the values mean nothing. Kind 9: *a deviator below some
+    /// 1e-15, in the units stored, has no shape*: its values are of the right size and no more.
     void principleValues(T* p) const noexcept;
 
     /// Greatest, middle and least. Kinds 10 and 12: of all three values. Kinds 11 and 13: the larger in-plane value, 0
@@ -89,7 +96,8 @@ public:
     /// directions as the turned axes). Kinds 12 and 13: (z, w, 0, 0), to be taken as a 2D quaternion.
     void tensorAsPrincipalAndQuaternions(T* principal, T* quaternion) const;
 
-    /// The same, the directions told in the frame of `cosines`: of a copy turned by transformControl(cosines).
+    /// The same, the directions told in the frame of `cosines`: of a copy with tensor shears, turned by
+    /// transformControl(cosines). Kinds 10 to 13 lose what such a turn gives to the components that they lack.
     void tensorAsPrincipalAndQuaternions(const cow_2DArray<T>& cosines, T* principal, T* quaternion) const;
 
     // ---- Scalar measures

@@ -30,6 +30,10 @@ public:
     utf_Vector(res_DataTypeEnm kind, T* components, int count, bool engineeringShear = false);
     utf_Vector(res_DataTypeEnm kind, int count, bool engineeringShear = false);
 
+    /// Numbers of another type would count as true.
+    template <class U>
+    utf_Vector(res_DataTypeEnm kind, U* components, int count = 3, bool engineeringShear = false) = delete;
+
     [[nodiscard]] utf_Vector* Copy() const override;
 
     // ---- Queries

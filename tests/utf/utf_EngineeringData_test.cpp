@@ -6,6 +6,7 @@
 #include <utf/utf_Quaternion.h>
 #include <utf/utf_Scalar.h>
 #include <utf/utf_Slerp.h>
+#include <utf/utf_Tensor.h>
 #include <utf/utf_Vector.h>
 
 #include <gtest/gtest.h>
@@ -76,6 +77,10 @@ TEST(utf_EngineeringData, BadCountsPointersAndKindsAreDefined) {
     EXPECT_EQ(NumbersOf(Data(kOther, null, 2)), Numbers(2, 0.0));
     EXPECT_EQ(NumbersOf(Quaternion(res_QUATERNION_3D, cow_List<double>{1, 2})), (Numbers{1, 2, 0, 0}));
     EXPECT_EQ(Vector(kOther, nullConst).count() + Vector(kOther, &number, 1).count(), 4);
+    EXPECT_EQ(utf_Scalar<double>(kOther, &number, 1).value() + utf_Scalar<double>(kOther, &number, 0).value(), 1.5);
+    static_assert(!std::is_constructible_v<utf_Tensor<double>, res_DataTypeEnm, float*>);
+    static_assert(!std::is_constructible_v<Vector, res_DataTypeEnm, int*> &&
+                  std::is_constructible_v<Vector, res_DataTypeEnm, double*, bool>);
     EXPECT_EQ(utf_Scalar<float>(kOther, 0).value() + utf_Scalar<float>(kOther, cow_List<float>()).value(), 0.0F);
 }
 

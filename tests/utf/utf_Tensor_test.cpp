@@ -140,8 +140,13 @@ TYPED_TEST(utf_TensorOf, AgreesWithJacobiAndTheDoubleSum) {
         control.transformControl(turn, n % 3 == 0);
         ExpectTurned(Expanded(control, false), kind, Expanded(tensor, false), c, true, 3);
         EXPECT_EQ(control.engineeringShear(), engineeringShear);
-        control.tensorAsPrincipalAndQuaternions(p, components.data());
         tensor.tensorAsPrincipalAndQuaternions(c, principal, q);
+        for (std::size_t k = 0; full && k < 3; ++k) near(principal[k], expected[k], 300.0);
+        for (int k = 0; k < tensor.count(); ++k)
+            components[k] = tensor.constGet(k) * (engineeringShear && k >= (tensor.Is3DTensor() ? 3 : 2) ? 0.5F : 1.0F);
+        utf_Tensor<T> plain(kind, std::as_const(components).data());
+        plain.transformControl(c);
+        plain.tensorAsPrincipalAndQuaternions(p, components.data());
         EXPECT_TRUE(std::equal(q, q + 4, components.begin()) && std::equal(principal, principal + 3, p));
     }
 }
