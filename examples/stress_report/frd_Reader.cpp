@@ -1,6 +1,7 @@
 #include "frd_Reader.h"
 
 #include "frd_Line.h"
+#include "host_Printable.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,9 +11,6 @@
 #include <utility>
 
 namespace {
-
-/// Control characters other than tabulator and carriage return have no place in a text, nor on a terminal.
-bool IsForeign(char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\r'; }
 
 constexpr std::size_t realWidth = 12;
 constexpr std::size_t dataColumn = 4;  // data lines: a blank and a mark of two characters, then numbers
@@ -60,7 +58,8 @@ void Reader::NextLine() {
     const std::size_t end = _rest.find('\n');
     const std::string_view text = _rest.substr(0, end);
     _line = frd_Line(text, ++_lineNumber);
-    if (std::ranges::any_of(text, IsForeign)) _line.Refuse("not text");
+    const std::string_view printed = text.substr(0, text.size() - (text.ends_with('\r') ? 1 : 0));
+    if (!std::ranges::all_of(printed, host_IsPrintable)) _line.Refuse("not text");
     _rest.remove_prefix(end == std::string_view::npos ? _rest.size() : end + 1);
     constexpr std::size_t linesPerReport = 10000;
     if (_progress && _lineNumber % linesPerReport == 0)

@@ -2,6 +2,8 @@
 
 #include <gsl/gsl_Triangle.h>
 
+#include <algorithm>
+#include <cmath>
 #include <map>
 #include <numeric>
 #include <utility>
@@ -56,5 +58,8 @@ std::vector<host_Body> host_Bodies(const frd_Model& model, const std::vector<hos
 
 std::optional<gsl_DirectionalContact> host_Gap(const host_Body& fixed, const host_Body& movable,
                                                const std::vector<gsl_Point>& positions, const gsl_Vector& direction) {
-    return gsl_FindDirectionalContact(Triangles(fixed, positions), Triangles(movable, positions), direction);
+    // Its length does not count; one below the linear tolerance would be none.
+    const double size = std::max({std::abs(direction.X()), std::abs(direction.Y()), std::abs(direction.Z())});
+    const gsl_Vector along(direction.X() / size, direction.Y() / size, direction.Z() / size);
+    return gsl_FindDirectionalContact(Triangles(fixed, positions), Triangles(movable, positions), along);
 }

@@ -14,8 +14,8 @@ void host_GiveLimit(host_Limit& limit, const std::string& text) {
     omu_Arguments arguments;
     double number = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (StateName state(mdl_PropAttributeStateEnm::UNSET); state.SetValue(text.c_str()))
-        arguments.Put(state.Copy(), keyword);
+    if (const StateName freed(mdl_PropAttributeStateEnm::FREED); freed.StringValue() == cow_String(text))
+        arguments.Put(freed.Copy(), keyword);
     else if (error == std::errc() && end == text.data() + text.size())
         arguments.Put(number, keyword);
     else

@@ -3,6 +3,7 @@
 #include "host_Annotations.h"
 #include "host_Camera.h"
 #include "host_Limits.h"
+#include "host_Printable.h"
 
 #include <algorithm>
 #include <array>
@@ -44,11 +45,13 @@ host_Captions CaptionsOf(const host_Choice& choice, const host_Options& options)
     const bool any = choice.set.displacements != nullptr || choice.set.stresses != nullptr;
     host_Captions captions;
     captions.title = any ? std::string(quantity.name) + (quantity.stress ? " stress" : "") : "Model";
-    captions.subtitle = std::filesystem::path(options.results).filename().string();
+    constexpr std::size_t longest = 60;
+    captions.subtitle =
+        host_Shortened(host_Printable(std::filesystem::path(options.results).filename().string()), longest);
     if (any) captions.subtitle += ", set " + std::to_string(choice.set.number) + ", time " + Number(choice.set.time, 6);
     if (options.deform != 0.0) captions.subtitle += ", deformation x " + Number(options.deform, 6);
     captions.quantity = any ? quantity.name : "";
-    captions.unit = options.unit.value_or(!any ? "" : quantity.stress ? "MPa" : "mm");
+    captions.unit = host_Printable(options.unit.value_or(!any ? "" : quantity.stress ? "MPa" : "mm"));
     return captions;
 }
 

@@ -328,13 +328,15 @@ void host_ModelPainter::Paint(host_Raster& raster) const {
     });
 }
 
-host_ModelImage host_PaintModel(const host_Scene& scene, int width, int height) {
+host_ModelImage host_PaintModel(const host_Scene& scene, int width, int height,
+                                const std::function<void()>& atEachStrip) {
     constexpr int samplesInStrip = 1 << 21;
     const host_ModelPainter painter(scene, width * samples, height * samples);
     host_ModelImage image{width, height, {}};
     image.pixels.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     const int stripRows = std::max(1, samplesInStrip / (width * samples * samples));
     for (int first = 0; first < height; first += stripRows) {
+        if (atEachStrip) atEachStrip();
         const int last = std::min(first + stripRows, height);
         host_Raster raster(width * samples, first * samples, (last - first) * samples);
         painter.Paint(raster);

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 /// The bands of a scene's legend: one where its range has no width. Grey for NaN, and what is beyond the range.
@@ -48,7 +49,9 @@ struct host_ModelImage {
     std::vector<std::uint32_t> pixels;
 };
 
-/// Nine points are asked for each pixel. In strips, so that a large picture needs no more memory than its pixels do.
-[[nodiscard]] host_ModelImage host_PaintModel(const host_Scene& scene, int width, int height);
+/// Nine points are asked for each pixel. In strips, so that a large picture needs no more memory than its pixels do;
+/// `atEachStrip`, if any, is called before each one, and what it throws ends the painting.
+[[nodiscard]] host_ModelImage host_PaintModel(const host_Scene& scene, int width, int height,
+                                              const std::function<void()>& atEachStrip = {});
 
 #endif

@@ -1,6 +1,7 @@
 #include "host_ModelResults.h"
 
 #include "host_Lists.h"
+#include "host_Printable.h"
 
 #include <base/cls_ReadVisitor.h>
 #include <base/cls_WriteVisitor.h>
@@ -17,8 +18,7 @@ constexpr std::size_t anyIndex = std::numeric_limits<std::size_t>::max();
 
 /// A name that may be printed.
 std::string RestoredName(const cow_String& stored) {
-    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; };
-    host_Require(std::ranges::none_of(stored.View(), isControl), "a name with control characters");
+    host_Require(std::ranges::all_of(stored.View(), host_IsPrintable), "a name with control characters");
     return std::string(stored.View());
 }
 

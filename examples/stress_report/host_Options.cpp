@@ -78,7 +78,9 @@ std::optional<host_Options> host_ReadOptions(int argc, const char* const* argv, 
         add("--deform", options.deform, "FACTOR", "Draw the displacements so many times; else 0")->check(finite),
         add("--view", options.view.name, "", "Where to look from; else iso")->check(CLI::IsMember(host_ViewNames())),
         app.add_flag("--perspective", options.view.perspective, "Perspective instead of parallel view"),
-        add("--zoom", options.view.zoom, "F", "How large to draw; 1 fits")->check(CLI::Range(0.01, 100.0)),
+        add("--zoom", options.view.zoom, "F", "How large to draw; 1 fits")
+            ->check(finite)
+            ->check(CLI::Range(0.01, 100.0)),
         add("--size", options.size, "W H", "Size of the picture in pixels; else 1200 900")
             ->check(Within(host_Limits::pixels)),
         app.add_flag("!--no-edges", options.edges, "Without the edges of the elements"),

@@ -47,7 +47,8 @@ annC_DrawList Margins(int width, int height, const host_Canvas& canvas) {
 
 }  // namespace
 
-std::string host_Draw(const host_Scene& scene, int width, int height, host_PictureFormat format) {
+std::string host_Draw(const host_Scene& scene, int width, int height, host_PictureFormat format,
+                      const std::function<void()>& atEachStrip) {
     constexpr int mostPixels = 10000;
     if (width < 1 || height < 1 || width > mostPixels || height > mostPixels)
         throw std::invalid_argument("a picture of " + std::to_string(width) + " x " + std::to_string(height) +
@@ -55,7 +56,7 @@ std::string host_Draw(const host_Scene& scene, int width, int height, host_Pictu
     host_Canvas canvas(width, height, format);
     const bool isFine = format != host_PictureFormat::Png && std::max(width, height) <= mostPixels / 2;
     const int finer = isFine ? 2 : 1;
-    canvas.Draw(host_PaintModel(scene, width * finer, height * finer));
+    canvas.Draw(host_PaintModel(scene, width * finer, height * finer, atEachStrip));
     canvas.Draw(Margins(width, height, canvas));
     if (host_HasLegend(scene)) canvas.Draw(LegendBoxes(scene, canvas.GetPixelsPerMillimeter()));
     const g3d_Viewport viewport(0.0, 0.0, width, height);

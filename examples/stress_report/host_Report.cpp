@@ -112,6 +112,7 @@ void PrintGaps(std::ostream& out, const std::vector<host_Body>& bodies, const Po
     constexpr std::size_t greatestCount = 6;
     for (std::size_t b = 1; b < std::min(bodies.size(), greatestCount); ++b) {
         for (std::size_t a = 0; a < b; ++a) {
+            wip_WIP::Instance().InterruptedThrow();
             std::size_t movable = a;
             std::size_t fixed = b;
             auto gap = host_Gap(bodies[fixed], bodies[movable], points, direction);

@@ -33,16 +33,20 @@ host_WriteFile::~host_WriteFile() {
 
 void host_WriteFile::Add(const fs::path& path, const std::string& bytes) {
     std::error_code ignored;
-    if (fs::exists(path, ignored) && !fs::is_regular_file(path, ignored))
-        throw std::runtime_error("is there and is not a file");
+    const fs::file_status before = fs::status(path, ignored);
+    if (fs::exists(before) && !fs::is_regular_file(before)) throw std::runtime_error("is there and is not a file");
+    for (const char* stream : {"/dev/stdout", "/dev/stderr"})
+        if (fs::equivalent(path, stream, ignored)) throw std::runtime_error("is where report and messages go");
+    // What a link points to is written, not the link.
     const fs::path place = fs::weakly_canonical(path, ignored);
-    if (std::ranges::any_of(_files,
-                            [&](const File& file) { return fs::weakly_canonical(file.path, ignored) == place; }))
+    if (place.empty() || fs::is_symlink(place, ignored)) throw std::runtime_error("cannot be written");
+    if (std::ranges::any_of(_files, [&](const File& file) { return file.path == place || file.part == place; }))
         throw std::runtime_error("is to be written twice");
     fs::path part;
-    Stream file = OpenPart(path, part);
+    Stream file = OpenPart(place, part);
     if (!file) throw std::runtime_error("cannot be written");
-    _files.push_back({part, path});
+    _files.push_back({part, place});
+    if (fs::exists(before)) fs::permissions(part, before.permissions(), ignored);
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
     if (std::fclose(file.release()) != 0 || !written) throw std::runtime_error("cannot be written to its end");
 }

@@ -6,7 +6,8 @@
 #include <vector>
 
 /// Files written whole, and all or none: each into a `.part` beside its place, and when all stand there they take
-/// their names. What stood there before stays until then.
+/// their names. What stood there before stays until then; its permissions stay for good, and of a link what it points
+/// to is written.
 class host_WriteFile {
 public:
     host_WriteFile() = default;

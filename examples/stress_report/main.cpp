@@ -10,6 +10,7 @@
 #include "host_ModelFile.h"
 #include "host_Options.h"
 #include "host_Picture.h"
+#include "host_Printable.h"
 #include "host_Report.h"
 #include "host_Step.h"
 #include "host_Tables.h"
@@ -33,11 +34,7 @@ namespace {
 constexpr int failed = 2;
 constexpr int interrupted = 130;  // as shells have it: 128 and the number of the signal
 
-void PrintFailure(std::string what) {
-    for (char& c : what)  // a file's name, or what stands in a file, is to be one line and harmless
-        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = '?';
-    std::cerr << "stress_report: " << what << '\n';
-}
+void PrintFailure(const std::string& what) { std::cerr << "stress_report: " << host_Printable(what) << '\n'; }
 
 /// Puts the name of the file before what goes wrong with it.
 template <class Work>
@@ -79,10 +76,14 @@ host_ModelFile Computed(wip_ProgressObj& progress, const host_Options& options, 
         choice = host_Choose(file.model, options.set, options.quantity);
         skin = frd_Skin(file.model);
         if (!options.limit.empty()) Naming("--limit", [&] { host_GiveLimit(file.limit, options.limit); });
+        const auto hasStresses = [](const host_Set& set) { return set.stresses != nullptr; };
+        if (std::ranges::any_of(host_Sets(file.model), hasStresses)) return;
+        if (!options.limit.empty()) throw std::runtime_error("--limit: there are no stresses");
+        if (options.load.empty()) notes << "note: there are no stresses\n";
     });
     host_Step(progress, 0.3F, "Report", [&] {
         const auto& [x, y, z] = options.direction;
-        report << "Model " << options.Input() << '\n';
+        report << "Model " << host_Printable(options.Input()) << '\n';
         host_Report(report, file.model, skin,
                     {{options.probes.begin(), options.probes.end()}, gsl_Vector(x, y, z), file.limit});
     });
@@ -101,8 +102,10 @@ void AddOutputs(wip_ProgressObj& progress, const host_Options& options, const ho
     const auto add = [&](const char* message, const std::string& path, const auto& bytes) {
         if (!path.empty()) host_Step(progress, 0.1F, message, [&] { Naming(path, [&] { files.Add(path, bytes()); }); });
     };
-    add("Picture", options.picture,
-        [&] { return host_Draw(file.scene, file.sizePixels[0], file.sizePixels[1], options.format); });
+    add("Picture", options.picture, [&] {
+        return host_Draw(file.scene, file.sizePixels[0], file.sizePixels[1], options.format,
+                         [] { wip_WIP::Instance().InterruptedThrow(); });
+    });
     add("Table", options.csv, [&] { return host_Csv(file.model, set); });
     add("Saving", options.save, [&] { return host_Stored(file); });
 }
@@ -145,7 +148,9 @@ int Report(const host_Options& options) {
 int main(int argc, char** argv) {
     try {
         const auto options = host_ReadOptions(argc, argv, std::cout);
-        return options ? Report(*options) : 0;
+        if (options) return Report(*options);
+        if (!std::cout.flush()) throw std::runtime_error("the help could not be printed");
+        return 0;
     } catch (const std::exception& failure) {
         PrintFailure(failure.what());
         return failed;

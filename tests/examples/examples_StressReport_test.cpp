@@ -146,7 +146,8 @@ TEST_F(StressReport, ProbesMergesAndFindsBodies) {
     for (const char* element : {"1    7    0    1\n -2    7    8    9", "2    7    0    1\n -2    1    2    3",
                                 "3    7    0    1\n -2    4    5    6"})
         text += std::string(" -1    ") + element + "\n";
-    const ChildResult child = RunText(text + " -3\n 9999\n", {"--probe", "4", "5", "0.5", "--probe", "1", "1", "2.5"});
+    const ChildResult child = RunText(text + " -3\n 9999\n", {"--probe", "4", "5", "0.5", "--probe", "1", "1", "2.5",
+                                                              "--direction", "0", "0", "-1e-300"});
     EXPECT_EQ(child.exitCode, 0) << child.err;
     EXPECT_THAT(child.out, HasSubstr("merged: 2\n  body 1: 1 triangles of skin, (1, 1, 1.25) to (2, 2, 2.5)\n"
                                      "  body 2: 2 triangles of skin, (0, 0, 0) to (4, 4, 0)\n"));
@@ -171,7 +172,7 @@ TEST_F(StressReport, RefusesWhatIsNoWholeResultFile) {
 TEST_F(StressReport, ReadsColumnsAndNotWords) {
     const ChildResult plain = RunText(deck);
     EXPECT_EQ(plain.exitCode, 0);
-    EXPECT_EQ(plain.err, "");
+    EXPECT_EQ(plain.err, "note: there are no stresses\n");
     EXPECT_THAT(plain.out, HasSubstr("1 two-node lines, material 2\n"));
     EXPECT_THAT(plain.out, HasSubstr("extents   (-1, -2, -3) to (1, 2, 5)\n"));
     EXPECT_THAT(plain.out, HasSubstr("Set 7, time 1.5\n  displacements\n    greatest 0.3 at node 1 (-1, -2, -3)\n"));
@@ -202,7 +203,7 @@ TEST_F(StressReport, SkipsWhatItDoesNotKnowWithANote) {
     const ChildResult child = RunText(text);
     EXPECT_EQ(child.exitCode, 0);
     EXPECT_EQ(child.out, RunText(deck).out);
-    EXPECT_EQ(child.ErrorLines(), 5) << child.err;
+    EXPECT_EQ(child.ErrorLines(), 6) << child.err;
     for (const char* note : {"line 2: unknown block \"777X\"", "line 6: unknown block \"778Y\"", "unknown type 99",
                              "STRESS of set 7 is not given at nodes", "DISP of set 7: 1 values at nodes"})
         EXPECT_THAT(child.err, HasSubstr(note));
@@ -210,6 +211,7 @@ TEST_F(StressReport, SkipsWhatItDoesNotKnowWithANote) {
 
 TEST_F(StressReport, RefusesFilesThatContradictThemselves) {
     const std::tuple<const char*, const char*, const char*> damages[] = {
+        {"    1C\n", "    1C \x7F\n", "line 1: not text"},
         {"-2.00000E+00-3.0", "-2.00000E+0x-3.0", "line 3: \"-2.00000E+0x\" is not a number"},
         {"-3.00000E+00\n", "\n", "line 3: no number in columns 33 to 44"},
         {" 5.00000E+00\n", " 5.00000E+0\n", "line 4: no number in columns 33 to 44"},
@@ -255,6 +257,9 @@ TEST_F(StressReport, RefusesWhatItCannotDoAndWritesNothing) {
         {{results, "--csv", csv, "--save", folder.string()}, "is not a file"},
         {{results, "--csv", csv, "--save", "/dev/null"}, "/dev/null: is there and is not a file"},
         {{results, "--csv", csv, "--save", csv}, "is to be written twice"},
+        {{results, "--csv", csv, "--save", csv + ".part"}, "is to be written twice"},
+        {{results, "--csv", csv, "--picture", In("t.png"), "--zoom", "nan"}, "nan is not a finite number"},
+        {{results, "--csv", csv, "--limit", "400"}, "--limit: there are no stresses"},
         {{results, "--csv", results}, "case.frd: would be overwritten"},
     };
     for (const auto& [arguments, reason] : calls) {
@@ -265,9 +270,25 @@ TEST_F(StressReport, RefusesWhatItCannotDoAndWritesNothing) {
     EXPECT_EQ(Content(results), deck);
     EXPECT_THAT(RunProgram({program, "--help"}).out, HasSubstr("--picture FILE"));
     std::ofstream(csv) << "old";
-    EXPECT_EQ(Run(results, {"--csv", csv}).exitCode, 0);
+    fs::permissions(csv, fs::perms::owner_read | fs::perms::owner_write);
+    fs::create_symlink("t.csv", In("link.csv"));
+    EXPECT_EQ(Run(results, {"--csv", In("link.csv")}).exitCode, 0);
+    EXPECT_TRUE(fs::is_symlink(In("link.csv")));
+    EXPECT_EQ(fs::status(csv).permissions(), fs::perms::owner_read | fs::perms::owner_write);
     EXPECT_THAT(Content(csv), EndsWith("\n9,1,2,5,0,0,-0.25,,,,,,,,,,,,,,\n"));
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 2);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 3);
+}
+
+TEST_F(StressReport, TakesNamesOfAnyBytes) {
+    const std::string odd = In("br\xE4\x1B\xE2\x82\xAC.frd"), model = In("case.orv"), picture = In("t.png");
+    std::ofstream(odd, std::ios::binary) << EachReplaced(Content(bracket), "STEEL", "ST\tEL");
+    const ChildResult made = Run(odd, {"--save", model, "--picture", picture, "--unit", "N\xFF"});
+    EXPECT_THAT(made.out, HasSubstr("br\xEF\xBF\xBD?\xE2\x82\xAC.frd\n"));
+    EXPECT_EQ(made.exitCode, 0) << made.err;
+    const std::string drawn = Content(picture);
+    const ChildResult loaded = RunProgram({program, "--load", model, "--picture", picture});
+    EXPECT_EQ(loaded.exitCode, 0) << loaded.err;
+    EXPECT_TRUE(Content(picture) == drawn);
 }
 
 TEST_F(StressReport, StopsCleanlyWhenInterrupted) {
@@ -325,7 +346,8 @@ TEST_F(StressReport, LoadsWhatItSavedAndDrawsTheSame) {
 TEST_F(StressReport, KeepsTheLimitOfTheStress) {
     const std::string model = In("case.orv");
     ExpectRefused(Run(bracket, {"--limit", "0"}), "--limit: the limit is not a finite number above 0");
-    ExpectRefused(Run(bracket, {"--limit", "350 MPa"}), "--limit: stress_report");
+    for (const char* none : {"350 MPa", "UNCHANGED", "SET"})
+        ExpectRefused(Run(bracket, {"--limit", none}), "--limit: stress_report");
     ASSERT_EQ(Run(bracket, {"--limit", "400", "--save", model}).exitCode, 0);
     const std::pair<Arguments, std::string> loadings[] = {
         {{}, "(UNCHANGED), nodes above 24, greatest utilisation 1.14096282\n"},
