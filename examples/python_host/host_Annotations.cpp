@@ -14,9 +14,9 @@ struct host_AnnotationArgument {
     annC_AnnotationHld value;
 };
 static bool omu_TakeArgument(const omu_Primitive& found, host_AnnotationArgument& target) {
-    if (const auto text = host_Carried<annC_TextIntObj>(found))
+    if (const auto* const text = host_Carried<annC_TextIntObj>(found))
         target.value = annC_AnnotationHld(std::shared_ptr<annC_Annotation>(text->Annotation()));
-    else if (const auto arrow = host_Carried<annC_ArrowIntObj>(found))
+    else if (const auto* const arrow = host_Carried<annC_ArrowIntObj>(found))
         target.value = annC_AnnotationHld(std::shared_ptr<annC_Annotation>(arrow->Annotation()));
     else
         return false;
@@ -30,11 +30,10 @@ namespace {
 /// Attributes are read by their names and assigned by the command setValues.
 template <class Object, class Annotation>
 auto AddClass(py::module_& module) {
-    using Class = py::class_<Object, std::shared_ptr<Object>>;
     const auto copy = [](const Object& object, const py::args&) {
         return std::make_shared<Object>(std::make_shared<Annotation>(*object.Annotation()));
     };
-    return Class(module, Annotation::constructorCmd())
+    return host_Class<Object>(module, Annotation::constructorCmd())
         .def(py::init(host_Command([](omu_Arguments& arguments) { return std::make_shared<Object>(arguments); })))
         .def("setValues", host_Method<Object>([](Object& object, omu_Arguments& a) { object.SetValues(a); }))
         .def("__getattr__",
@@ -125,7 +124,7 @@ void host_AddAnnotations(py::module_& module) {
              }))
         .def("translateEndPoint", host_Method<annC_ArrowIntObj>(
                                       [](annC_ArrowIntObj& arrow, omu_Arguments& a) { arrow.TranslateEndPoint(a); }));
-    py::class_<Container>(module, "Annotations", "annotations by name, which they share with all who have them")
+    host_Class<Container>(module, "Annotations", "annotations by name, which they share with all who have them")
         .def(py::init<>())
         .def("insert", host_Method<Container>(Insert), "insert(name, annotation)")
         .def("rename", host_Method<Container>(Rename), "rename(fromName, toName): whether it could")

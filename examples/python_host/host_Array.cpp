@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <exception>
 
 namespace {
 
@@ -31,23 +32,34 @@ const Format& FormatOf(Type type) {
 
 std::vector<py::ssize_t> Sizes(const std::vector<std::ptrdiff_t>& sizes) { return {sizes.begin(), sizes.end()}; }
 
-py::buffer_info Export(const host_Array& array) {
-    const Format& format = FormatOf(array.view.type);
-    // Read-only below: the library gives its memory for reading, and another's may be read-only itself.
-    return {const_cast<void*>(array.view.data),
-            format.size,
-            format.name,
-            static_cast<py::ssize_t>(array.view.shape.size()),
-            Sizes(array.view.shape),
-            Sizes(array.view.strides),
-            true};
-}
-
-/// The same for as long as the array lives.
+/// The memory for as long as the array lives. Read-only: the library gives its memory for reading, and another's may be
+/// read-only itself.
 py::memoryview Memory(const host_Array& array) {
     const Format& format = FormatOf(array.view.type);
     return py::memoryview::from_buffer(array.view.data, format.size, format.name, Sizes(array.view.shape),
                                        Sizes(array.view.strides));
+}
+
+/// The buffer protocol of the memoryview, which refuses a consumer that asks for more than the memory is: to write, or
+/// to read it without its strides.
+int GetBuffer(PyObject* self, Py_buffer* view, int flags) {
+    try {
+        const py::memoryview memory = Memory(*host_Object<host_Array>(self));
+        if (PyObject_GetBuffer(memory.ptr(), view, flags) != 0) return -1;
+        view->internal = view->obj;  // the memoryview, whose shape and strides these are
+        view->obj = py::handle(self).inc_ref().ptr();
+        return 0;
+    } catch (const std::exception& error) {
+        view->obj = nullptr;
+        PyErr_SetString(PyExc_BufferError, error.what());
+        return -1;
+    }
+}
+
+void ReleaseBuffer(PyObject*, Py_buffer* view) {
+    Py_buffer lent = *view;
+    lent.obj = static_cast<PyObject*>(view->internal);
+    PyBuffer_Release(&lent);
 }
 
 void SetItem(host_Array& array, omu_Arguments& arguments) {
@@ -135,13 +147,17 @@ std::optional<host_Array> host_InPlace(py::handle object) {
 }
 
 std::shared_ptr<omu_PrimArray> host_LibraryArray(py::handle object) {
-    return py::isinstance<host_Array>(object) ? object.cast<const host_Array&>().block : nullptr;
+    const auto* const array = host_Object<host_Array>(object);
+    return array != nullptr ? array->block : nullptr;
 }
 
 void host_AddArrays(py::module_& module) {
     const auto tupleOf = [](const std::vector<std::ptrdiff_t>& numbers) { return py::tuple(py::cast(numbers)); };
-    py::class_<host_Array, std::shared_ptr<host_Array>>(module, "Array", py::buffer_protocol(),
-                                                        "Array(numbers): numbers where they lie")
+    const py::custom_type_setup exportsMemory([](PyHeapTypeObject* type) {
+        type->as_buffer = {&GetBuffer, &ReleaseBuffer};
+        type->ht_type.tp_as_buffer = &type->as_buffer;
+    });
+    host_Class<host_Array>(module, "Array", exportsMemory, "Array(numbers): numbers where they lie")
         .def(py::init(host_Command([](omu_Arguments& arguments) {
             auto array = std::make_shared<host_Array>();
             arguments.Begin();
@@ -149,7 +165,6 @@ void host_AddArrays(py::module_& module) {
             arguments.End("Array");
             return array;
         })))
-        .def_buffer(&Export)
         .def_property_readonly(
             "address", [](const host_Array& array) { return reinterpret_cast<std::uintptr_t>(array.view.data); })
         .def_property_readonly("shape", [tupleOf](const host_Array& array) { return tupleOf(array.view.shape); })

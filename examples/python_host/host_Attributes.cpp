@@ -7,7 +7,7 @@
 #include <omu/omu_PrimEnum.h>
 #include <omu/omu_PrimTuple.h>
 
-#include <string>
+#include <string_view>
 
 namespace {
 
@@ -30,6 +30,7 @@ struct Attribute {
         arguments.Get(allowUnset, "allowUnset");
         arguments.Get(allowNone, "allowNone");
         arguments.End("Attribute");
+        if (name.View().find('\0') != std::string_view::npos) throw py::value_error("a keyword with a null character");
         attribute = mdl_PropAttr<T>(value);
     }
 
@@ -68,7 +69,7 @@ struct Attribute {
 template <class T>
 void AddClass(py::module_& module, const char* name) {
     using A = Attribute<T>;
-    py::class_<A>(module, name, "(name, default, allowUnset=False, allowNone=False)")
+    host_Class<A>(module, name, "(name, default, allowUnset=False, allowNone=False)")
         .def(py::init(host_Command([](omu_Arguments& arguments) { return A(arguments); })))
         .def("setValues", host_Method<A>([](A& self, omu_Arguments& arguments) { self.SetValues(arguments); }))
         .def("setFromTuple", host_Method<A>([](A& self, omu_Arguments& arguments) { self.SetFromTuple(arguments); }))

@@ -133,8 +133,8 @@ Primitive Convert(py::handle object, int level) {
         made = ConvertDict(object, depth);
     else if (const auto name = host_ConstantName(object))
         made = std::make_unique<omu_PrimEnumBase>(*name);
-    else if (py::isinstance<host_Value>(object))
-        made = object.cast<const host_Value&>().value->Copy();
+    else if (const auto* const own = host_Object<host_Value>(object))
+        made = own->value->Copy();
     else if (const auto array = host_LibraryArray(object))
         made = array->Copy();
     else if (PyObject_CheckBuffer(it) != 0 && PyBytes_Check(it) == 0 && PyByteArray_Check(it) == 0)

@@ -77,12 +77,31 @@ private:
     py::object _object;
 };
 
-/// The object of the bound class T that `found` carries, or null.
+/// A class of the module. pybind11 takes an instance that has no T, because its `__init__` was not called or did not
+/// succeed, for one whose memory it has still to allocate, and would read what lies there; here TypeError comes
+/// instead.
+template <class T, class... Extra>
+auto host_Class(py::module_& module, const char* name, const Extra&... extra) {
+    py::class_<T, std::shared_ptr<T>> made(module, name, extra...);
+    py::detail::get_type_info(typeid(T))->operator_new = [](std::size_t) -> void* {
+        throw py::type_error("an object whose __init__ did not succeed");
+    };
+    return made;
+}
+
+/// What an object of the class of T is to C++, as long as it lives; null for all else, also for what only claims a
+/// `__class__`. TypeError as above.
 template <class T>
-std::shared_ptr<T> host_Carried(const omu_Primitive& found) {
+T* host_Object(py::handle object) {
+    py::detail::make_caster<T> caster;
+    return caster.load(object, false) ? py::detail::cast_op<T*>(caster) : nullptr;
+}
+
+/// The T that `found` carries, or null.
+template <class T>
+T* host_Carried(const omu_Primitive& found) {
     const auto* const carried = dynamic_cast<const host_PrimObject*>(&found);
-    if (carried == nullptr || !py::isinstance<T>(carried->Object())) return nullptr;
-    return carried->Object().cast<std::shared_ptr<T>>();
+    return carried != nullptr ? host_Object<T>(carried->Object()) : nullptr;
 }
 
 #endif

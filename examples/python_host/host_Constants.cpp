@@ -66,12 +66,12 @@ py::object host_Constant(const cow_String& name) {
 }
 
 std::optional<cow_String> host_ConstantName(py::handle object) {
-    if (!py::isinstance<Constant>(object)) return std::nullopt;
-    return object.cast<const Constant&>().text;
+    const auto* const constant = host_Object<Constant>(object);
+    return constant != nullptr ? std::optional(constant->text) : std::nullopt;
 }
 
 void host_AddConstants(py::module_& module) {
-    py::class_<Constant>(module, "SymbolicConstant", "a word of the scripting language; one object a word")
+    host_Class<Constant>(module, "SymbolicConstant", "a word of the scripting language; one object a word")
         .def("getText", [](const Constant& constant) { return host_ToStr(constant.text); })
         .def("getId", [](const Constant& constant) { return constant.id; })
         .def("__repr__", [](const Constant& constant) { return host_ToStr(constant.text); })

@@ -85,8 +85,13 @@ host_Array Within(const Tree& tree, omu_Arguments& arguments) {
     arguments.Get(point, "point");
     arguments.Get(radius, "radius");
     arguments.End("within");
-    omu_RangeChecker::CheckGreaterThan("radius", 0.0, false, radius);
-    const cow_List<unsigned> found = tree.FindInRadius(PointOf(point, "within['point']"), radius);
+    omu_RangeChecker::CheckGreaterThan("radius", 0.0, false, std::isnan(radius) ? 0.0 : radius);
+    const gsl_Point at = PointOf(point, "within['point']");
+    cow_List<unsigned> found;
+    {
+        const py::gil_scoped_release others;
+        found = tree.FindInRadius(at, radius);
+    }
     return ArrayOf(std::vector<int>(found.begin(), found.end()));
 }
 
@@ -116,7 +121,7 @@ py::object BoundingBox(omu_Arguments& arguments) {
 }  // namespace
 
 void host_AddNodes(py::module_& module) {
-    py::class_<Tree>(module, "NodeTree", "NodeTree(nodes): finds nodes, rows of an n x 3 array, by their coordinates")
+    host_Class<Tree>(module, "NodeTree", "NodeTree(nodes): finds nodes, rows of an n x 3 array, by their coordinates")
         .def(py::init(host_Command(MakeTree)))
         .def("__len__", &Tree::Size)
         .def("nearest", host_Method<const Tree>(Nearest), "nearest(points): indices and distances, a row each")

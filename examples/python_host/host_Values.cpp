@@ -22,7 +22,7 @@ void AddTextual(py::module_& module, const char* command) {
 }  // namespace
 
 void host_AddValues(py::module_& module) {
-    py::class_<host_Value>(module, "Value", "Value(object): the object as the library has it")
+    host_Class<host_Value>(module, "Value", "Value(object): the object as the library has it")
         .def(py::init([](const py::object& object) { return host_Value{host_FromPython(object)}; }))
         .def("get", [](const host_Value& value) { return host_ToPython(*value.value); })
         .def_property_readonly("typeName",

@@ -8,6 +8,7 @@ import pickle
 import subprocess
 import sys
 import threading
+from unittest import mock
 
 import numpy as np
 import pytest
@@ -70,12 +71,30 @@ def test_every_attribute_is_a_keyword_and_a_member(make, values):
     (lambda: orv.symbolicConstant("on"), orv.VelmorNameError, "invalid name"),
     (lambda: orv.NodeTree([(0, 0)]), TypeError, "NodeTree[0]; found list, expecting array of n x 3 numbers"),
     (lambda: orv.distance((0, 0), (1, 1, 1)), TypeError,
-     "distance['point1']; not all required arguments specified; expected 3, got 2")])
+     "distance['point1']; not all required arguments specified; expected 3, got 2"),
+    (lambda: orv.NodeTree([(0, 0, 0)]).within((0, 0, 0), math.nan), orv.RangeError, "radius must be a Float > 0"),
+    (lambda: orv.FloatAttribute("p\0q", 1.0), ValueError, "a keyword with a null character"),
+    (lambda: orv.Annotations().insert("a", mock.Mock(spec=Text())), TypeError,
+     "insert[1]; found Mock, expecting Text or Arrow")])
 def test_errors_are_python_classes_with_the_messages_of_the_library(call, error, message):
     with pytest.raises(error) as raised:
         call()
     assert (type(raised.value), str(raised.value)) == (error, message)
     assert error.__module__ == "builtins" or issubclass(error, orv.Error)
+
+
+@pytest.mark.parametrize("cls", [cls for cls in vars(orv).values() if isinstance(cls, type(Text))])
+def test_an_object_whose_init_did_not_succeed_is_refused(cls):
+    half = cls.__new__(cls)
+    members = {name: member for name, member in vars(cls).items() if name not in ("__init__", "__dir__")}
+    for name, member in members.items():
+        if isinstance(member, property) or callable(member):
+            with pytest.raises(TypeError, match="^an object whose __init__ did not succeed$"):
+                member(half, *["x"] * member.__doc__.count("arg")) if callable(member) else getattr(half, name)
+    with pytest.raises(TypeError):
+        orv.Annotations().insert("a", half)
+    with pytest.raises((TypeError, BufferError)):
+        memoryview(half)
 
 
 def test_a_command_that_fails_changes_nothing():
@@ -198,6 +217,27 @@ def test_searches_of_several_threads():
     for thread in threads:
         thread.join()
     assert good == [True] * 4
+
+
+@pytest.mark.parametrize("search", ["orv.NodeTree(nodes)", "tree.nearest(nodes)", "tree.within((0, 0, 0), 2.0)"])
+def test_searches_let_other_threads_run(search):
+    nodes = np.random.default_rng(1).random((5000, 3))
+    values = dict(orv=orv, tree=orv.NodeTree(nodes), nodes=nodes)
+    turns, gate, code = [], threading.Lock(), compile(search, "search", "eval")
+
+    def take_a_turn():
+        with gate:
+            turns.append(True)
+
+    other, interval = threading.Thread(target=take_a_turn), sys.getswitchinterval()
+    with gate:
+        other.start()
+        sys.setswitchinterval(1000)  # nobody is asked for the lock
+    try:
+        assert any(eval(code, values) and turns for _ in range(5000))
+    finally:
+        sys.setswitchinterval(interval)
+        other.join()
 
 
 # ---- The session, and its end

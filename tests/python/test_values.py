@@ -3,6 +3,7 @@
 import array
 import ast
 import gc
+import io
 import random
 import weakref
 
@@ -122,6 +123,16 @@ def test_library_values_without_a_counterpart():
 
 # ---- Arrays
 
+def plain_bytes(source):
+    """What a consumer reads that knows no strides; None where it is refused."""
+    read = io.BytesIO()
+    try:
+        read.write(source)
+    except BufferError:
+        return None
+    return read.getvalue()
+
+
 @pytest.mark.parametrize("type, name", [(np.int32, orv.INT), (np.float32, orv.FLOAT), (np.float64, orv.DOUBLE)])
 def test_memory_of_numpy_is_read_where_it_lies(type, name):
     owner = np.arange(24, dtype=type).reshape(2, 3, 4)
@@ -131,6 +142,7 @@ def test_memory_of_numpy_is_read_where_it_lies(type, name):
         assert seen.address == view.__array_interface__["data"][0]
         assert np.array_equal(np.asarray(seen), view)
         assert np.shares_memory(np.asarray(seen), view) == (view.size > 0)
+        assert plain_bytes(seen) == plain_bytes(memoryview(view))
     seen = orv.Array(owner)
     owner[0, 0, 1] = 77
     assert repr(seen).startswith("(((0, 77, " if name is orv.INT else "(((0.0, 77.0, ")
