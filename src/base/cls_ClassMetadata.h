@@ -88,6 +88,9 @@ public:
     std::shared_ptr<void> (*make)(const cls_ReadVisitor&) = nullptr;
     /// From the object to its base part (`T*` to `B*`); null without a base.
     void* (*toBase)(void*) = nullptr;
+    /// Destroys an object made with `new` of which the untyped address is known; null unless the class registers it.
+    /// For copy-on-write holders of a host that keep untyped addresses: this library's own know their types.
+    void (*cowDtor)(void*) = nullptr;
 
 private:
     using Node = std::map<std::string, cls_Attribute>::value_type;

@@ -109,10 +109,11 @@ public:
 
     // ---- Persistence
 
+    /// A persistent class that derives from this one overrides `DynTypeId` and `DBWrite`, both.
     [[nodiscard]] static constexpr unsigned TypeId() noexcept { return gsl_TypeId(7); }
     [[nodiscard]] virtual unsigned DynTypeId() const;
     static void InitializeMetadata(cls_ClassRegistrar& registrar);
-    void DBWrite(const cls_WriteVisitor& visitor) const;
+    virtual void DBWrite(const cls_WriteVisitor& visitor) const;
     explicit gsl_BBox(const cls_ReadVisitor& visitor);
 
 private:

@@ -5,6 +5,8 @@
 #include <gsl/gsl_Vector.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace {
@@ -47,9 +49,22 @@ double gsl_ComputeAreaTriByPts(const gsl_Point& p1, const gsl_Point& p2, const g
 double gsl_ComputeShapeFactorTriByPnts(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3) noexcept {
     // The area is 2 R^2 times the sines of the three angles, of which each is 60 degrees in the equilateral triangle.
     constexpr double sinesOfEquilateral = 3.0 * std::numbers::sqrt3 / 8.0;
-    const double a = p2.GetDistance(p3), b = p3.GetDistance(p1), c = p1.GetDistance(p2);
+    gsl_Vector sides[] = {p3 - p2, p1 - p3, p2 - p1};
+    double greatest = 0.0;
+    for (const gsl_Vector& side : sides) {
+        for (const double component : side.AsArray()) {
+            if (!std::isfinite(component)) return std::numeric_limits<double>::quiet_NaN();
+            greatest = std::max(greatest, std::abs(component));
+        }
+    }
+    if (greatest == 0.0) return 0.0;
+    // To about 1, where no square overflows; by a power of two, which costs no digits.
+    const int exponent = std::ilogb(greatest);
+    for (gsl_Vector& side : sides)
+        side = {std::scalbn(side.X(), -exponent), std::scalbn(side.Y(), -exponent), std::scalbn(side.Z(), -exponent)};
+    const double a = sides[0].Length(), b = sides[1].Length(), c = sides[2].Length();
     if (a == 0.0 || b == 0.0 || c == 0.0) return 0.0;
-    const double twiceArea = gsl_ComputeAreaTriByPts(p1, p2, p3) * 2.0;
+    const double twiceArea = sides[2].CrossProduct(sides[1]).Length();
     const double sines = twiceArea / (b * c) * (twiceArea / (c * a)) * (twiceArea / (a * b));
     return std::min(sines / sinesOfEquilateral, 1.0);
 }

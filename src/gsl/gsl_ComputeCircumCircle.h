@@ -20,7 +20,8 @@ ORV_EXPORT void gsl_ComputeCircumCircle(const gsl_Point& p1, const gsl_Point& p2
                                                         const gsl_Point& p3) noexcept;
 
 /// Area over that of the equilateral triangle in the same circumcircle, in [0, 1]: 1 for an equilateral triangle, 0 for
-/// one of collinear or coincident points, without tolerance. NaN when a coordinate is not finite.
+/// one of collinear or coincident points, without tolerance, whatever the size. NaN when a coordinate or the difference
+/// of two is not finite.
 [[nodiscard]] ORV_EXPORT double gsl_ComputeShapeFactorTriByPnts(const gsl_Point& p1, const gsl_Point& p2,
                                                                 const gsl_Point& p3) noexcept;
 

@@ -41,6 +41,9 @@ class gsl_CoordTreeImpl;
 /// (but `Remove` may make it hide some). Searches from a point with a NaN find nothing. Infinite coordinates are
 /// ordinary numbers; infinity from infinity is no distance, and such pairs do not find each other.
 ///
+/// **When something throws**, std::bad_alloc too, the tree is as it was: the points, their count and every answer.
+/// Moving does not throw; a tree that was moved from is empty and goes on as one of three coordinates.
+///
 /// Const operations may run on several threads at a time, `DebugTree` apart.
 class ORV_EXPORT gsl_CoordTree {
 public:
@@ -51,7 +54,7 @@ public:
     gsl_CoordTree(const cls_xo1DArrayList<gsl_Point>& points, unsigned dim);
     gsl_CoordTree(const cls_xo1DArrayList<gsl_Point>& points, unsigned dim, const cow_List<unsigned>& indices);
 
-    /// Copies all nodes, in the same shape. A tree that was moved from is empty.
+    /// Copies all nodes, in the same shape. Assignment frees the nodes that were there when the copy is made.
     gsl_CoordTree(const gsl_CoordTree& other);
     gsl_CoordTree(gsl_CoordTree&& other) noexcept;
     gsl_CoordTree& operator=(const gsl_CoordTree& other);
@@ -66,8 +69,8 @@ public:
     /// Adds one point, below the nodes that are there; the tree is not rebalanced. Indices need not differ.
     void Insert(const gsl_Point& point, unsigned index);
 
-    /// Bulk insertion: point i gets the index i, or indices[i]. nex_RangeException when `indices` is shorter than
-    /// `points`; the tree then is as it was. An empty list of points does nothing.
+    /// Bulk insertion, of all points or, when it throws, of none: point i gets the index i, or indices[i].
+    /// nex_RangeException when `indices` is shorter than `points`. An empty list of points does nothing.
     void Insert(const cls_xo1DArrayList<gsl_Point>& points);
     void Insert(const cls_xo1DArrayList<gsl_Point>& points, const cow_List<unsigned>& indices);
 
@@ -127,7 +130,7 @@ public:
 private:
     friend class gsl_CoordTreeIter;
 
-    std::unique_ptr<gsl_CoordTreeImpl> _impl;  // never null
+    std::unique_ptr<gsl_CoordTreeImpl> _impl;  // null in a tree that was moved from
 };
 
 #endif

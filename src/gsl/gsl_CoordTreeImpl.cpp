@@ -102,27 +102,9 @@ private:
 
 gsl_CoordTreeImpl::gsl_CoordTreeImpl(unsigned dim) noexcept : _dim(std::clamp(dim, 1U, 3U)) {}
 
-gsl_CoordTreeImpl::gsl_CoordTreeImpl(const gsl_CoordTreeImpl& other) : _dim(other._dim) { DeepCopy(other); }
-
-gsl_CoordTreeImpl& gsl_CoordTreeImpl::operator=(const gsl_CoordTreeImpl& other) {
-    if (this != &other) DeepCopy(other);
-    return *this;
-}
-
-void gsl_CoordTreeImpl::Clear() noexcept {
-    _root = nullptr;
-    _count = 0;
-    _greatestDepth = 0;
-    _pool.Clear();
-}
-
-void gsl_CoordTreeImpl::DeepCopy(const gsl_CoordTreeImpl& other) {
-    if (this == &other) return;
-    Clear();
-    _dim = other._dim;
+gsl_CoordTreeImpl::gsl_CoordTreeImpl(const gsl_CoordTreeImpl& other)
+    : _dim(other._dim), _count(other._count), _greatestDepth(other._greatestDepth) {
     _pool.Reserve(other._count);
-    _count = other._count;
-    _greatestDepth = other._greatestDepth;
     struct Pair {
         const Node* from;
         Node* to;
@@ -141,6 +123,28 @@ void gsl_CoordTreeImpl::DeepCopy(const gsl_CoordTreeImpl& other) {
         to->right = copy(from->right);
         to->left = copy(from->left);
     }
+}
+
+gsl_CoordTreeImpl& gsl_CoordTreeImpl::operator=(const gsl_CoordTreeImpl& other) {
+    DeepCopy(other);
+    return *this;
+}
+
+void gsl_CoordTreeImpl::Clear() noexcept {
+    _root = nullptr;
+    _count = 0;
+    _greatestDepth = 0;
+    _pool.Clear();
+}
+
+void gsl_CoordTreeImpl::DeepCopy(const gsl_CoordTreeImpl& other) {
+    if (this == &other) return;
+    gsl_CoordTreeImpl copy(other);
+    std::swap(_root, copy._root);
+    std::swap(_dim, copy._dim);
+    std::swap(_count, copy._count);
+    std::swap(_greatestDepth, copy._greatestDepth);
+    std::swap(_pool, copy._pool);
 }
 
 // ---- Insertion
@@ -255,9 +259,13 @@ double gsl_CoordTreeImpl::Greatest(std::span<const Record> points, unsigned axis
     return greatest;
 }
 
+/// All that can throw comes before the first change: the room for the nodes, for the sample, and for the stack, whose
+/// items have a point each.
 void gsl_CoordTreeImpl::InsertRecords(std::span<Record> records, std::span<const gsl_Point> points) {
+    _pool.Reserve(records.size());
     SamplePositions sample(records.size());
     std::vector<gsl_CoordTreeArgs> pending;
+    pending.reserve(records.size());
     std::vector<Node*> made;  // parents before their children
     made.reserve(records.size());
 
@@ -314,12 +322,11 @@ void gsl_CoordTreeImpl::Insert(std::span<const gsl_Point> points, const cow_List
         const unsigned index = indices != nullptr ? indices->ConstGet(static_cast<int>(i)) : i;
         records[i] = {{xyz[0], xyz[1], xyz[2]}, index, i};
     }
-    if (records.empty()) return;
-    _pool.Reserve(records.size());
-    InsertRecords(records, points);
+    if (!records.empty()) InsertRecords(records, points);
 }
 
 void gsl_CoordTreeImpl::Insert(const gsl_Point& point, unsigned index) {
+    Node* const made = _pool.Make({point, index});  // before any change: it may throw
     Node** link = &_root;
     int depth = 0;
     for (unsigned axis = 0; *link != nullptr; axis = NextAxis(axis), ++depth) {
@@ -329,7 +336,7 @@ void gsl_CoordTreeImpl::Insert(const gsl_Point& point, unsigned index) {
         if (isLeft) node.RaiseLeftBound(point[axis]);
         link = isLeft ? &node.left : &node.right;
     }
-    *link = _pool.Make({point, index});
+    *link = made;
     _greatestDepth = std::max(_greatestDepth, depth + 1);
     ++_count;
 }
@@ -573,14 +580,18 @@ int gsl_CoordTreeImpl::Remove(const gsl_Point& point, double tol, int index) {
     Place current = FindNode(point, tol, index);
     if (current.node == nullptr) return -1;
     const auto removed = static_cast<int>(current.node->index);
+    // Each node of the chain gets the point of the next, the leaf at its end goes. The chain is known before anything
+    // is overwritten: looking for it may throw.
+    InlineStack<Node*> chain;
     while (!current.node->IsLeaf()) {
         Node* const node = current.node;
         const unsigned below = NextAxis(current.axis);
+        chain.Push(node);
         current = node->right != nullptr ? FindMinNode({node->right, node, below}, current.axis)
                                          : FindMaxNode({node->left, node, below}, current.axis);
-        node->point = current.node->point;
-        node->index = current.node->index;
     }
+    gsl_CoordTreePt moving = *current.node;
+    while (!chain.IsEmpty()) std::swap<gsl_CoordTreePt>(*chain.Pop(), moving);
     if (current.parent == nullptr) {
         Clear();
         return removed;

@@ -31,20 +31,20 @@ public:
     [[nodiscard]] unsigned GetDim() const noexcept { return _dim; }
     [[nodiscard]] unsigned Size() const noexcept { return _count; }
 
-    // ---- Changes
+    // ---- Changes. One that throws, std::bad_alloc too, leaves the tree as it was.
 
     /// As of gsl_CoordTree.
     void Insert(const gsl_Point& point, unsigned index);
 
-    /// Point i gets its position i as its index when `indices` is null. nex_RangeException, the tree as it was, when
-    /// `indices` is too short or the tree would hold 2^31 points or more.
+    /// Point i gets its position i as its index when `indices` is null. nex_RangeException when `indices` is too short
+    /// or the tree would hold 2^31 points or more.
     void Insert(std::span<const gsl_Point> points, const cow_List<unsigned>* indices);
 
     /// As of gsl_CoordTree.
     int Remove(const gsl_Point& point, double tol, int index);
     void Clear() noexcept;
 
-    /// Becomes a copy of `other`, which may be this tree, node by node.
+    /// Becomes a copy of `other`, which may be this tree, node by node. Its own nodes go when the copy is made.
     void DeepCopy(const gsl_CoordTreeImpl& other);
 
     // ---- Searches

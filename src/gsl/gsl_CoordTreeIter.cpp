@@ -3,7 +3,7 @@
 #include <gsl/gsl_CoordTreeIter.h>
 
 gsl_CoordTreeIter::gsl_CoordTreeIter(const gsl_CoordTree& tree) {
-    if (tree._impl->GetRoot() != nullptr) _pending.push_back(tree._impl->GetRoot());
+    if (tree._impl && tree._impl->GetRoot() != nullptr) _pending.push_back(tree._impl->GetRoot());
 }
 
 bool gsl_CoordTreeIter::GetCurrent(gsl_Point& point, unsigned int& index) const {

@@ -22,9 +22,13 @@ struct gsl_DirectionalContact {
 /// Least distance that `movable` can travel along `direction`, of any length, before it touches `fixed`: a
 /// `gsl_TriTriDirDist` over octrees made here, as deep as the numbers of triangles call for. Of several triangles that
 /// meet at the same distance any are named. Nothing when they never meet or when the direction is shorter than LinTol.
-/// Triangles with a coordinate that is not finite are left out.
+/// Triangles with a coordinate that is not finite are left out; with sides of 1e77 or more others are missed, as
+/// squares of areas overflow.
 ///
-/// Time and memory grow as n log n with the number of triangles in surfaces that do not pass through each other.
+/// Time and memory grow as n log n with the number of triangles in surfaces that do not pass through each other and
+/// that few triangles share a place of. Where many do, bounds do not tell pairs apart, and the time grows up to the
+/// product of the numbers there: fans whose triangles all meet at one corner, stacks of triangles that are nearly
+/// copies. Of exact copies one is searched.
 [[nodiscard]] ORV_EXPORT std::optional<gsl_DirectionalContact> gsl_FindDirectionalContact(
     const cow_List<gsl_Triangle>& fixed, const cow_List<gsl_Triangle>& movable, const gsl_Vector& direction);
 

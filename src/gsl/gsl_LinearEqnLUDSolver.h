@@ -21,7 +21,8 @@
 /// Results are the same to the bit however the loops are arranged: an element has its products taken off one by one, in
 /// ascending order of the column (of L) they come from.
 ///
-/// Nothing throws. Numbers that are not finite spread as in any arithmetic.
+/// Nothing throws but the first `Solve` of a matrix, std::bad_alloc, before anything is changed. Numbers that are not
+/// finite spread as in any arithmetic.
 class ORV_EXPORT gsl_LinearEqnLUDSolver {
 public:
     /// Without a matrix: parity 1, not near singular.
@@ -35,8 +36,9 @@ public:
 
     /// Decomposes the matrix, unless that was done, and writes the solution; both arrays hold n numbers and may be the
     /// same one. False, and nothing written, the matrix neither, when there is no matrix or when a row has no element
-    /// of at least 1e-14 in absolute value (a NaN is no such element). A pivot below 1e-14 in absolute value is
-    /// replaced by 1e-14 and the result is true, x as large as it comes: ask `IsNearSingular`. Order 0 succeeds.
+    /// of at least 1e-14 in absolute value (a NaN is no such element). The pivot of a column is the element that is
+    /// greatest beside the largest of its row, the last of equal ones. A pivot below 1e-14 in absolute value is replaced
+    /// by 1e-14 and the result is true, x as large as it comes: ask `IsNearSingular`. Order 0 succeeds.
     bool Solve(const double* b, double* x);
 
     /// A row was all but zero or a pivot was replaced, since `SetMatrix`.

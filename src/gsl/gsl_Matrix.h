@@ -61,7 +61,8 @@ public:
     void GetRotationAngles(double& rxRadians, double& ryRadians, double& rzRadians) const noexcept;
 
     /// The same rotation Rz(a) Ry(b) Rx(c), *in degrees*. All 0 when the state is 1. The pole needs m00 and m10 exactly
-    /// 0: then a = 0, b = -asin(m20), c = atan2(m01, m11).
+    /// 0: then a = 0, b = -asin(m20), c = atan2(m01, m11). So at b = -90 *c has the opposite sign*, and b is NaN when
+    /// rounding has left m20 beyond 1 or -1.
     void GetEulerianAnglesZYX(double& aDegrees, double& bDegrees, double& cDegrees) const noexcept;
 
     /// Axis and angle by way of a quaternion whose components are held in single precision: expect some seven digits.

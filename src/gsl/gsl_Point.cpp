@@ -139,9 +139,7 @@ bool gsl_Point::RayIntersect(const gsl_Vector& direction, const gsl_Plane& plane
     if (direction.Length() < gsl_Util::LinTol()) return false;
     if (IsOn(plane)) return true;
     if (direction.IsOrthogonal(normal)) return false;
-    const gsl_Vector path = direction * ((plane.Centroid() - *this).DotProduct(normal) / direction.DotProduct(normal));
-    if (!std::isfinite(path.X()) || !std::isfinite(path.Y()) || !std::isfinite(path.Z())) return false;
-    out.SetPos(*this + path);
+    out.SetPos(*this + direction * ((plane.Centroid() - *this).DotProduct(normal) / direction.DotProduct(normal)));
     return true;
 }
 
@@ -161,7 +159,8 @@ unsigned gsl_Point::DynTypeId() const { return TypeId(); }
 void gsl_Point::CowDtor(void* point) { delete static_cast<gsl_Point*>(point); }
 
 void gsl_Point::InitializeMetadata(cls_ClassRegistrar& registrar) {
-    registrar.Class<gsl_Point>("gsl_Point", 203).Add<double>("_x").Add<double>("_y").Add<double>("_z");
+    registrar.Class<gsl_Point>("gsl_Point", 203).Add<double>("_x").Add<double>("_y").Add<double>("_z").cowDtor =
+        CowDtor;
 }
 
 void gsl_Point::DBWrite(const cls_WriteVisitor& visitor) const {

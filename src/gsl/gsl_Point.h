@@ -159,7 +159,8 @@ public:
     /// - false when |direction| < LinTol (strict);
     /// - this point and true when it is on the plane (inclusive), whatever the direction;
     /// - false when the direction is parallel to the plane (`gsl_Vector::IsOrthogonal` to the normal);
-    /// - false when the place is not finite, as with a plane without normal.
+    /// - true otherwise, *also when the place is not finite*: NaN with a plane without normal, which is parallel to
+    ///   nothing; infinite where numbers end.
     /// After false, `out` has this point's coordinates.
     [[nodiscard]] bool RayIntersect(const gsl_Vector& direction, const gsl_Plane& plane, gsl_Point& out) const noexcept;
 
@@ -185,15 +186,17 @@ public:
 
     // ---- Persistence
 
+    /// A persistent class that derives from this one overrides `DynTypeId` and `DBWrite`, both: held by a holder of
+    /// points it is written by them.
     [[nodiscard]] static constexpr unsigned TypeId() noexcept { return gsl_TypeId(1); }
     [[nodiscard]] virtual unsigned DynTypeId() const;
 
-    /// Destroys a point made with `new` that is known by its untyped address only; null is allowed. For copy-on-write
-    /// holders of the host that keep untyped addresses; this library's own holders know their types and do not call it.
+    /// Destroys a point made with `new` that is known by its untyped address only; null is allowed. Registered with the
+    /// class: `cls_ClassMetadata::cowDtor`.
     static void CowDtor(void* point);
 
     static void InitializeMetadata(cls_ClassRegistrar& registrar);
-    void DBWrite(const cls_WriteVisitor& visitor) const;
+    virtual void DBWrite(const cls_WriteVisitor& visitor) const;
     explicit gsl_Point(const cls_ReadVisitor& visitor);
 
 private:

@@ -49,7 +49,7 @@ public:
     /// - for skew lines (`gsl_StLine::IsSkewed`), the common perpendicular if it meets both segments;
     /// - the first shortest of: this Point1 to `other`, this Point2 to `other`, the other's Point1 to this, the other's
     ///   Point2 to this. Parallel segments always end here, overlapping or not.
-    /// The last compares with 1e10: segments at least that far apart, or with NaN, are connected from Point1 to Point1.
+    /// The last counts distances below 1e10, so no end with a NaN: where none counts, Point1 is connected to Point1.
     /// `result` may be either segment.
     double GetDistance(const gsl_Segment& other, gsl_Segment& result) const noexcept;
 

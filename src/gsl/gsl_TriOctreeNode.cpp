@@ -72,7 +72,7 @@ gsl_TriOctreeNode* gsl_TriOctreeNode::FirstChildHolding(const gsl_Point& p1, con
                                                         const gsl_Point& p3) noexcept {
     for (int k = 0; _children && k < GetChildCount(); ++k) {
         gsl_TriOctreeNode* const child = GetChildAtIndex(k);
-        if (child->Holds(p1, p2, p3)) return child;
+        if (child != nullptr && child->Holds(p1, p2, p3)) return child;
     }
     return nullptr;
 }
@@ -88,7 +88,7 @@ bool gsl_TriOctreeNode::Add(const gsl_Point& p1, const gsl_Point& p2, const gsl_
     gsl_TriOctreeNode* home = this;
     while (gsl_TriOctreeNode* const child = home->FirstChildHolding(p1, p2, p3)) home = child;
     home->_indices.Append(index);
-    for (gsl_TriOctreeNode* node = home; node != nullptr; node = node->_parent) ++node->_triangleCount;
+    home->Count(1);
     return true;
 }
 
@@ -111,8 +111,14 @@ gsl_BBox gsl_TriOctreeNode::SubBox(const gsl_BBox& box, int child) {
 }
 
 void gsl_TriOctreeNode::Build(int child, std::unique_ptr<gsl_TriOctreeNode> node, int maxLevel) {
+    if (node == nullptr || child < 0 || child >= GetChildCount()) return;
+    if (!_children) AllocateChildren(maxLevel);
     gsl_TriOctreeNode& stored = *node;
-    _children[static_cast<std::size_t>(child)] = std::move(node);
+    std::unique_ptr<gsl_TriOctreeNode>& place = _children[static_cast<std::size_t>(child)];
+    Count(stored._triangleCount - (place ? place->_triangleCount : 0));  // modulo 2^n: less than nothing is right, too
+    stored._parent = this;
+    stored._index = child;
+    place = std::move(node);
     stored.BuildOctree(stored._box, maxLevel);
 }
 

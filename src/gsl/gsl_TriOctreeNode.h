@@ -26,7 +26,8 @@ class gsl_Matrix;
 /// in it. NaN lies in no box.
 class ORV_EXPORT gsl_TriOctreeNode : public mem_AllocationOperators {
 public:
-    /// A leaf over `box`. `parent` may be null; it must outlive this node.
+    /// A leaf over `box`. `parent` may be null; it must outlive this node. It counts this node's triangles once it has
+    /// the node among its children (`Build`).
     gsl_TriOctreeNode(const gsl_BBox& box, int level, int index, gsl_TriOctreeNode* parent);
 
     gsl_TriOctreeNode(const gsl_TriOctreeNode&) = delete;
@@ -42,7 +43,7 @@ public:
     /// Gives this leaf all its descendants down to `maxLevel`, the root being level 1; it stays a leaf when its own
     /// level is not below that. `box` is the node's own. Does nothing on a node that has children. On a node without a
     /// parent the descendants are counted first: std::bad_alloc, before anything is allocated, when there is no memory
-    /// for them (or they are beyond 2^31).
+    /// for them (or they are beyond 2^31). Whenever it throws, this node is a leaf as before.
     virtual void BuildOctree(const gsl_BBox& box, int maxLevel);
 
     // ---- Queries
@@ -55,7 +56,7 @@ public:
     /// The box of the node.
     [[nodiscard]] const gsl_BBox& GetBBox() const noexcept { return _box; }
 
-    /// Null in a leaf and for an index that no child has.
+    /// Null in a leaf, for an index that no child has, and for a child that was not built.
     [[nodiscard]] gsl_TriOctreeNode* GetChildAtIndex(int child) noexcept;
     [[nodiscard]] const gsl_TriOctreeNode* GetChildAtIndex(int child) const noexcept;
 
@@ -88,7 +89,9 @@ protected:
     /// in z.
     [[nodiscard]] static gsl_BBox SubBox(const gsl_BBox& box, int child);
 
-    /// Stores the child and builds it down to `maxLevel` over its own box.
+    /// Stores the child in place of one that may be there, as number `child` of this node, builds it down to `maxLevel`
+    /// over its own box, and counts what it holds. Nothing when `node` is null or no child has this number. Children
+    /// that a derived class does not build are absent.
     void Build(int child, std::unique_ptr<gsl_TriOctreeNode> node, int maxLevel);
 
     /// `BuildOctree` with children of the kind `Node`.
@@ -97,6 +100,14 @@ protected:
 
 private:
     void AllocateChildren(int maxLevel);
+    /// The parent, unless it does not have this node among its children.
+    [[nodiscard]] gsl_TriOctreeNode* Holder() const noexcept {
+        return _parent != nullptr && _parent->GetChildAtIndex(_index) == this ? _parent : nullptr;
+    }
+    /// There are `more` triangles here or below than there were.
+    void Count(std::size_t more) noexcept {
+        for (gsl_TriOctreeNode* node = this; node != nullptr; node = node->Holder()) node->_triangleCount += more;
+    }
     [[nodiscard]] gsl_TriOctreeNode* FirstChildHolding(const gsl_Point& p1, const gsl_Point& p2,
                                                        const gsl_Point& p3) noexcept;
     [[nodiscard]] bool Holds(const gsl_Point& p1, const gsl_Point& p2, const gsl_Point& p3) const noexcept;
@@ -114,8 +125,13 @@ template <class Node>
 void gsl_TriOctreeNode::BuildChildren(const gsl_BBox& box, int maxLevel) {
     if (_children || _level >= maxLevel) return;
     AllocateChildren(maxLevel);
-    for (int k = 0; k < GetChildCount(); ++k)
-        Build(k, std::make_unique<Node>(SubBox(box, k), _level + 1, k, this), maxLevel);
+    try {
+        for (int k = 0; k < GetChildCount(); ++k)
+            Build(k, std::make_unique<Node>(SubBox(box, k), _level + 1, k, this), maxLevel);
+    } catch (...) {
+        _children.reset();
+        throw;
+    }
 }
 
 #endif

@@ -12,7 +12,7 @@ class gsl_Vector;
 /// The travels at which two triangles touch form one closed interval: the result is its lower end, 0 when that is
 /// negative; there is none when its upper end is below -LinTol. Contact is closed, and a graze within LinTol across the
 /// direction counts. A zero-area triangle is met at its edges. Orientation does not matter. False with a coordinate
-/// that is not finite.
+/// that is not finite; with sides of 1e77 or more, squares of areas overflow, also where the triangles meet.
 [[nodiscard]] ORV_EXPORT bool gsl_TriTriMinDirectionalDist(const gsl_Vector& direction, const gsl_Point& f1,
                                                            const gsl_Point& f2, const gsl_Point& f3,
                                                            const gsl_Point& m1, const gsl_Point& m2,

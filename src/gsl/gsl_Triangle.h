@@ -14,7 +14,8 @@ class gsl_Plane;
 /// corner i to corner i + 1, side 2 from corner 2 to corner 0. Corner and side numbers are 0, 1, 2; any other counts
 /// as 2.
 ///
-/// Nothing throws. The tolerance is LinTol of `gsl_Util`, inclusive.
+/// Nothing throws. The tolerance is LinTol of `gsl_Util`, inclusive. From sides of about 1e77 on squares of areas
+/// overflow, and the normal is (0, 0, 0).
 class ORV_EXPORT gsl_Triangle {
 public:
     /// Three times the origin, normal (0, 0, 0).
@@ -26,7 +27,7 @@ public:
 
     // ---- Queries
 
-    /// Corners are 0, 1, 2 (any other number is 2); twice the area is the length of the normal.
+    /// Corners are 0, 1, 2 (any other number is 2).
     [[nodiscard]] const gsl_Point& GetPoint(int corner) const noexcept { return _points[Number(corner)]; }
     [[nodiscard]] const gsl_Vector& GetNormal() const noexcept { return _normal; }
 
@@ -46,7 +47,8 @@ public:
     // ---- Projections and points
 
     /// This triangle moved corner by corner along `direction`, either way, onto the plane. False, and `projected`
-    /// untouched, when a corner off the plane finds no way: the direction is parallel to the plane or too short.
+    /// untouched, when a corner off the plane finds no way by `gsl_Point::RayIntersect`: the direction is parallel to
+    /// the plane or too short.
     [[nodiscard]] bool Project(const gsl_Plane& plane, const gsl_Vector& direction, gsl_Triangle& projected) const;
 
     /// Foot of the perpendicular on the triangle's plane, inside the triangle or not. False, and `foot` untouched, when

@@ -156,7 +156,8 @@ public:
     /// Called on an axis: the turn about it that takes `a` into `b`, in (-pi, pi], counter-clockwise positive.
     /// False, and `angleRadians` untouched, when a or b is shorter than LinTol (strict) or when they do not stand at
     /// the same slope to the axis: the dot products of the unit vectors with the unit axis differ by more than LinTol.
-    /// An axis shorter than LinTol is used as it is; a and b along the axis give 0.
+    /// An axis shorter than LinTol is used as it is. With a and b along the axis what is left of them is rounding: any
+    /// angle, often 0 or pi.
     [[nodiscard]] bool AngleBetween(gsl_Vector a, gsl_Vector b, double& angleRadians) const noexcept;
 
     // ---- Comparison

@@ -186,7 +186,17 @@ TEST(gsl_CoordTree, BulkInsertionSplitsAtTheMedianAndSeedsTheGenerator) {
     EXPECT_EQ(grown.FindAll(points[17], 1e-9).Length(), 2);
     gsl_CoordTree moved(std::move(grown));
     EXPECT_EQ(moved.Size(), 10000U);
-    moved = tree;
+    for (int n = 0; n < 2; ++n) {  // moved from, then used again
+        gsl_CoordTreeIter all(grown);
+        EXPECT_TRUE(grown.Size() == 0 && grown.Find(points[17], 1.0) == -1 && gsl_CoordTree(grown).Size() == 0);
+        all.Next();
+        grown.Clear();
+        grown.Insert(points[17], 3);
+        moved = std::move(grown);
+        EXPECT_EQ(moved.Find(points[17], 1e-9), 3);
+    }
+    grown = moved = tree;
+    EXPECT_TRUE(Printed(grown) == printed);
     const gsl_CoordTree& same = moved;
     moved = same;
     EXPECT_TRUE(Printed(moved) == printed);

@@ -251,10 +251,19 @@ TEST(gsl_DirDist, LevelsSmallBoxesAndMissingThings) {
     EXPECT_TRUE(tiny.GetRoot()->Add({}, {}, {}, 0) && !found(4, tiny.GetRoot(), m));  // too small as the fixed one
     EXPECT_FALSE(gsl_FindDirectionalContact({}, movable, kZ) || gsl_FindDirectionalContact(fixed, {}, kZ));
 
-    // Copies by the hundred thousand, slanted so that no bound tells them apart, and one that is no triangle.
+    // Copies by the hundred thousand, slanted so that no bound tells them apart, their corners in every order, and one
+    // that is no triangle.
     const gsl_Triangle slanted({0, 0, 0}, {4, 0, 4}, {0, 4, 1}), over = Moved(slanted, gsl_Vector(0.5, 0.5, 7.0));
-    fixed = Triangles(std::vector<gsl_Triangle>(100000, slanted));
-    movable = Triangles(std::vector<gsl_Triangle>(100000, over));
+    const auto copies = [](const gsl_Triangle& triangle) {
+        std::vector<gsl_Triangle> list;
+        for (int i = 0; i < 100000; ++i) {
+            list.emplace_back(triangle.GetPoint(i % 3), triangle.GetPoint((i + 1) % 3), triangle.GetPoint((i + 2) % 3));
+            if (i % 2 != 0) list.back().Reverse();
+        }
+        return Triangles(list);
+    };
+    fixed = copies(slanted);
+    movable = copies(over);
     fixed.Append(gsl_Triangle({kNaN, 0, 0}, {kInfinity, 0, 0}, {}));
     EXPECT_EQ(gsl_FindDirectionalContact(fixed, movable, down).value().distance, Distance(down, slanted, over));
 }

@@ -103,7 +103,9 @@ TEST(gsl_Lines, IntersectionWritesOnlyWhatItFound) {
 
     const gsl_Point above(1.0, 2.0, 3.0);
     EXPECT_TRUE(!above.RayIntersect(kX + kZ * 0.9e-10, kFloor, out) && out == above);
-    EXPECT_FALSE(above.RayIntersect(kX, gsl_Plane(kOrigin, kZero), out));
+    EXPECT_TRUE(above.RayIntersect(kX, gsl_Plane(kOrigin, kZero), out) && std::isnan(out.X()));
+    EXPECT_TRUE(above.RayIntersect(kX + kZ, gsl_Plane({0.0, 0.0, 1e308}, kZ * 1e-3), out) && std::isfinite(out.X()));
+    EXPECT_TRUE(above.RayIntersect(kX * 1e10 + kZ, gsl_Plane({0.0, 0.0, 1e300}, kZ), out) && out.X() == kInfinity);
     EXPECT_TRUE(std::isnan(above.GetDistance(gsl_Plane(kOrigin, kZero))) && !above.IsOn(gsl_StLine(kOrigin, kZero)));
     EXPECT_TRUE(gsl_StLine({1.0, 2.0, 0.0}, kX).Intersect(kFloor, out) && out == gsl_Point(1.0, 2.0, 0.0));  // within
 }

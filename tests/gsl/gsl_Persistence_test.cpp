@@ -24,14 +24,33 @@ T ReadForged(Write write) {
     return ReadBack<T>(registrar, Written(registrar, Forged<T, Write>{write}));
 }
 
+/// As a host derives from a class of this library.
+template <class Base>
+struct Derived : Base {
+    double extra;
+
+    Derived(const Base& base, double number) : Base(base), extra(number) {}
+    static unsigned TypeId() { return 0x7F0000 + Base::TypeId() % 256; }
+    unsigned DynTypeId() const override { return TypeId(); }
+    static void InitializeMetadata(cls_ClassRegistrar& r) {
+        r.Class<Derived, Base>("Derived", 1).template Add<double>("extra");
+    }
+    void DBWrite(const cls_WriteVisitor& v) const override {
+        Base::DBWrite(v.Base(Base::TypeId()));
+        v.Write("extra", extra);
+    }
+    explicit Derived(const cls_ReadVisitor& v) : Base(v.Base()), extra(v.Read("extra", 0.0)) {}
+};
+
 struct gsl_Persistence : testing::Test {
     cls_ClassRegistrar registrar;
     void SetUp() override {
         for (const auto initialize :
              {gsl_Point::InitializeMetadata, gsl_PersistentVector::InitializeMetadata,
               gsl_PersistentMatrix::InitializeMetadata, gsl_StLine::InitializeMetadata, gsl_Plane::InitializeMetadata,
-              gsl_Segment::InitializeMetadata, gsl_Dot::InitializeMetadata, gsl_ModelSegment::InitializeMetadata,
-              omu_xoObjVarray<gsl_StLine>::InitializeMetadata, omu_xoObjVarray<gsl_Plane>::InitializeMetadata})
+              gsl_BBox::InitializeMetadata, gsl_Segment::InitializeMetadata, gsl_Dot::InitializeMetadata,
+              gsl_ModelSegment::InitializeMetadata, omu_xoObjVarray<gsl_StLine>::InitializeMetadata,
+              omu_xoObjVarray<gsl_Plane>::InitializeMetadata})
             initialize(registrar);
     }
 };
@@ -90,6 +109,22 @@ TEST_F(gsl_Persistence, DatumsComeBackWithEveryAttribute) {
     EXPECT_TRUE(model.Point1()->OwnerFeatID() == -4 && model.Point1()->EntityId() == 5);
     EXPECT_TRUE(model.Point2()->Point() == q && model.Point2()->GetMethod() == gsl_DotMethod::gsl_FROM_NODE);
     EXPECT_EQ(RoundTrip(registrar, gsl_ModelSegment()).Point2(), nullptr);
+}
+
+TEST_F(gsl_Persistence, DerivedObjectsAreWrittenWholeByTheirBase) {
+    const auto check = [&]<class Base>(const Base& base) {
+        Derived<Base>::InitializeMetadata(registrar);
+        const std::string bytes = Written<Base>(registrar, Derived<Base>(base, 42.0));
+        const auto read = ReadBack<Derived<Base>>(registrar, bytes);
+        EXPECT_EQ(read.extra, 42.0);
+        EXPECT_EQ(ToHex(Written<Base>(registrar, base)), ToHex(Written(registrar, static_cast<Base>(read))));
+    };
+    check(gsl_Point(1.0, 2.0, 3.0));
+    check(gsl_BBox({1.0, 2.0, 3.0}, {4.0, 5.0, 6.0}));
+    check(gsl_StLine(gsl_Point(1.0, 2.0, 3.0), kY));
+    check(gsl_Plane(gsl_Point(1.0, 2.0, 3.0), kY));
+    check(gsl_Dot(4, 5));
+    check(gsl_ModelSegment(gsl_Dot(4, 5), gsl_Dot()));
 }
 
 TEST_F(gsl_Persistence, CachedLengthIsTakenUnlessItCannotBeOne) {

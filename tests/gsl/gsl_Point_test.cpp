@@ -1,4 +1,5 @@
 // Protects points: identity through copies, the strict and inclusive comparisons, barycentric weights, output.
+#include <base/cls_ClassRegistrar.h>
 #include <support/RandomGeometry.h>
 
 #include <gtest/gtest.h>
@@ -27,8 +28,11 @@ TEST(gsl_Point, IdentityFollowsCopiesAndIsFreshForComputedPoints) {
     EXPECT_EQ(sum.PointAtDistInDirection(2.0, kZ * 5e-7).Uid(), sum.Uid());
     EXPECT_EQ(sum.PointAtDistInDirection(2.0, kZ * -4.0).AsArray(), (std::array{-1.0, -2.0, 5.0}));
     EXPECT_EQ(sum.PointAtDistInDirection(2.0, kZ * -4.0).Uid(), cls_Uid());
-    gsl_Point::CowDtor(new gsl_Point(a));
-    gsl_Point::CowDtor(nullptr);
+    cls_ClassRegistrar registrar;
+    gsl_Point::InitializeMetadata(registrar);
+    const auto destroy = registrar.Find(gsl_Point::TypeId())->cowDtor;  // by the untyped address alone
+    destroy(new gsl_Point(a));
+    destroy(nullptr);
 }
 
 TEST(gsl_Point, EqualityIncludesTheBoundaryAndIsOnDoesNot) {

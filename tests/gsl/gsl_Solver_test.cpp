@@ -136,6 +136,10 @@ TEST(gsl_ComputeCircumCircle, ThreePointsDefineCircleAreaShapeAndFrame) {
         EXPECT_NEAR(area, normal.TripleProduct(p2 - p1, p3 - p1) / 2.0, 1e-12 * area);
         const double shape = area / (0.75 * std::sqrt(3.0) * radius * radius);
         EXPECT_NEAR(gsl_ComputeShapeFactorTriByPnts(p1, p2, p3), shape, 1e-9);
+        const auto scaled = [scale = std::array{1.0, 1e-300, 1e-82, 1e77, 1e160, 1e300}[n % 6]](const gsl_Point& p) {
+            return gsl_Point(p.X() * scale, p.Y() * scale, p.Z() * scale);
+        };
+        EXPECT_NEAR(gsl_ComputeShapeFactorTriByPnts(scaled(p1), scaled(p2), scaled(p3)), shape, 1e-9);
         ASSERT_TRUE(gsl_Transcribe3PointsIntoOriginAndAxes(p1, p2, p3, origin, x, y, z));
         EXPECT_NEAR(x.TripleProduct(y, z), 1.0, 1e-14);
         EXPECT_LT(Difference(p2, p1 + x * p1.GetDistance(p2)) + Difference(z, normal), 1e-11);
@@ -146,6 +150,8 @@ TEST(gsl_ComputeCircumCircle, ThreePointsDefineCircleAreaShapeAndFrame) {
         EXPECT_FALSE(gsl_Transcribe3PointsIntoOriginAndAxes(p1, p1, p3, origin, y, x, z) || x == y);
     }
     EXPECT_EQ(gsl_ComputeShapeFactorTriByPnts({}, {1.0, 0.0, 0.0}, {}), 0.0);
+    EXPECT_NEAR(gsl_ComputeShapeFactorTriByPnts({}, {1e100, 0.0, 0.0}, {0.0, 1e90, 0.0}), 1.54e-10, 1e-12);
+    EXPECT_TRUE(std::isnan(gsl_ComputeShapeFactorTriByPnts({kInfinity, 0.0, 0.0}, {}, {})));
 }
 
 TEST(gsl_MergePointsWithinAcisTol, BoundariesOfNumbersPointsAndIntervals) {

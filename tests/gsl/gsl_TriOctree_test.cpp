@@ -81,6 +81,18 @@ TEST(gsl_TriOctree, BoundsNamesAndTreesThatCannotBe) {
     shift.SetTranslation(gsl_Vector(100, 0, 0));
     root.TransformBBox(shift);
     EXPECT_EQ(root.GetBBox().Low().X() - root.GetChildAtIndex(0)->GetBBox().Low().X(), 100.0);
+    struct Sparse : gsl_TriOctreeNode {  // builds what it likes
+        using gsl_TriOctreeNode::Build;
+        using gsl_TriOctreeNode::gsl_TriOctreeNode;
+    } sparse(cube, 1, -1, nullptr);
+    auto child = std::make_unique<Sparse>(gsl_BBox({4, 4, 4}, {8, 8, 8}), 2, 7, &sparse);
+    EXPECT_TRUE(child->Add({5, 5, 5}, {6, 5, 5}, {5, 6, 5}, 8) && sparse.IsEmpty()) << "not its child yet";
+    for (const int k : {-1, 8, 7})
+        sparse.Build(k, k == 7 ? std::move(child) : std::make_unique<Sparse>(cube, 2, k, nullptr), 2);
+    EXPECT_TRUE(sparse.Add({1, 1, 1}, {2, 1, 1}, {1, 2, 1}, 9) && sparse.Add({5, 5, 5}, {6, 5, 5}, {5, 6, 5}, 10));
+    EXPECT_TRUE(sparse.GetTriangleCount() == 3 && sparse.GetIndices() == cow_List<int>{9});
+    sparse.Build(7, std::make_unique<Sparse>(cube, 2, 0, nullptr), 2);
+    EXPECT_TRUE(sparse.GetTriangleCount() == 1 && sparse.GetChildAtIndex(7)->GetIndex() == 7);
     const gsl_TriOctree rootless(cube, "none", static_cast<Type>(7), 3);
     EXPECT_TRUE(!rootless.GetRoot() && rootless.GetChildCount() == 0);
     EXPECT_EQ(printed(rootless), "Root id: none, Max Depth: 3\n");

@@ -11,6 +11,7 @@
 #include <g3d/g3d_Viewport.h>
 #include <gsl/gsl_BBox.h>
 #include <gsl/gsl_CoordTree.h>
+#include <gsl/gsl_TriOctreeNode.h>
 #include <idb/idb_Records.h>
 #include <omu/omu.h>
 #include <support/RandomGeometry.h>
@@ -94,6 +95,25 @@ void FailEachAllocation(const auto& work) {
     }
     testing::Test::RecordProperty("refused", refused);
     EXPECT_GT(refused, 10) << "the failing allocator was not in use";
+}
+
+/// The same of one `change` of the object that `make` gives: `tell` tells it as it was, and it can be changed at once.
+void FailEachAllocationOf(const auto& make, const auto& change, const auto& tell) {
+    const auto changed = make();
+    change(*changed);
+    long k = 0;
+    for (bool isRefused = true; isRefused;) {
+        SCOPED_TRACE(testing::Message() << "allocation " << ++k);
+        const auto object = make();
+        const std::string before = tell(*object);
+        (void)Run([&] { return change(*object), std::string(); }, k);
+        isRefused = allocationsLeft.exchange(-1) < 0;
+        if (!isRefused) continue;
+        EXPECT_TRUE(tell(*object) == before);
+        change(*object);
+        EXPECT_TRUE(tell(*object) == tell(*changed));
+    }
+    EXPECT_GT(k, 1);
 }
 
 }  // namespace
@@ -185,6 +205,47 @@ TEST_F(memory_OutOfMemory_, Tree) {
             text += ' ' + std::to_string(found);
         return text;
     });
+}
+
+TEST_F(memory_OutOfMemory_, TreesStayAsTheyWere) {
+    // A chain with leaves beside it, deeper than stacks have room for on the spot.
+    gsl_CoordTree chain(2);
+    std::vector<gsl_Point> points{gsl_Point(0, 0, 0), gsl_Point(1, -1000, 0)};
+    for (int i = 0; i < 160; ++i) points.emplace_back(1000 - i, 1000 - i, 0);
+    for (int i = 0; i < 80; ++i) points.emplace_back(1000.5 - 2 * i, 999.5 - 2 * i, 0);
+    for (const gsl_Point& point : points) chain.Insert(point, chain.Size());
+    RandomGeometry random(8);
+    cls_xo1DArrayList<gsl_Point> more;
+    for (int i = 0; i < 1000; ++i) more.Append(gsl_Point(random.Number(0, 1000), random.Number(0, 1000), 0));
+    const gsl_CoordTree other(more, 3), small(1);
+    const auto tell = [&](const gsl_CoordTree& tree) {
+        std::string text = std::to_string(tree.Size());
+        for (const auto& list : {cow_List<gsl_Point>(points), more})
+            for (const gsl_Point& point : list)
+                for (const unsigned found : tree.FindAll(point, 1e-9)) text += ' ' + std::to_string(found);
+        return text;
+    };
+    const auto change = [&](const gsl_CoordTree& before, const auto& how) {
+        FailEachAllocationOf([&] { return std::make_unique<gsl_CoordTree>(before); }, how, tell);
+    };
+    for (const gsl_CoordTree& before : {chain, small}) {
+        change(before, [&](gsl_CoordTree& tree) { tree.Insert(more); });
+        change(before, [&](gsl_CoordTree& tree) { tree.Insert(gsl_Point(7, 7, 7), 7); });
+        change(before, [&](gsl_CoordTree& tree) {
+            gsl_CoordTree moved(std::move(tree));  // which never throws
+            tree = std::move(moved);
+            tree = other;
+        });
+    }
+    change(chain, [&](gsl_CoordTree& tree) { tree.Remove(points[0], 0.5, -1); });
+
+    const gsl_BBox cube(gsl_Point(0, 0, 0), gsl_Point(8, 8, 8));
+    FailEachAllocationOf([&] { return std::make_unique<gsl_TriOctreeNode>(cube, 1, -1, nullptr); },
+                         [&](gsl_TriOctreeNode& node) { node.BuildOctree(cube, 3); },
+                         [](gsl_TriOctreeNode& node) {
+                             const gsl_TriOctreeNode* const child = node.GetChildAtIndex(0);
+                             return child == nullptr ? "leaf" : child->GetChildAtIndex(7) == nullptr ? "half" : "tree";
+                         });
 }
 
 TEST_F(memory_OutOfMemory_, Annotations) {

@@ -20,8 +20,8 @@ struct gsl_DirSearchNode {
     [[nodiscard]] bool IsEmpty() const noexcept { return children.empty() && triangles.empty(); }
 };
 
-/// A search node over all `triangles`, which it reorders and refers to. Of copies of one triangle it keeps one: no
-/// bound tells copies apart, so a hundred thousand of them would be searched pair by pair.
+/// A search node over all `triangles`, which it reorders and refers to. Of copies of one triangle, in whatever order of
+/// corners, it keeps one: no bound tells copies apart, so a hundred thousand of them would be searched pair by pair.
 [[nodiscard]] gsl_DirSearchNode gsl_HalveTriangles(std::span<gsl_DirTriangle> triangles);
 
 #endif

@@ -134,7 +134,8 @@ gsl_DirTriangle::gsl_DirTriangle(const gsl_DirPoint& p1, const gsl_DirPoint& p2,
     const double length = normal.Length();
     edgeOn =
         length <= a.Length() * gsl_Util::AngTol() * b.Length() || std::abs(normal.Z()) < length * gsl_Util::AngTol();
-    if (normal.Z() < 0.0) std::swap(corners[1], corners[2]);
+    std::rotate(corners.begin(), std::min_element(corners.begin(), corners.end()), corners.end());
+    if (edgeOn ? corners[2] < corners[1] : normal.Z() < 0.0) std::swap(corners[1], corners[2]);
 }
 
 bool gsl_DirTriangle::IsFinite() const noexcept {

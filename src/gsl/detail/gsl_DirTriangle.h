@@ -13,7 +13,9 @@ struct gsl_DirTriangle {
     /// All corners are.
     [[nodiscard]] bool IsFinite() const noexcept;
 
-    std::array<gsl_DirPoint, 3> corners;  ///< anticlockwise seen against the direction, unless edge-on
+    /// The least first, anticlockwise seen against the direction or, edge-on, ascending: copies of a triangle have the
+    /// same corners in the same order, whichever theirs is.
+    std::array<gsl_DirPoint, 3> corners;
     gsl_DirExtent extent;
     int index;
 
