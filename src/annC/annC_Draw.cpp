@@ -3,6 +3,7 @@
 #include <annC/annC_Draw.h>
 #include <annC/annC_ResolveAnchor.h>
 #include <annC/annC_Text.h>
+#include <annC/detail/annC_Argument.h>
 #include <annC/detail/annC_Turn.h>
 #include <g3d/g3d_ColorMap.h>
 #include <g3d/g3d_Utils.h>
@@ -31,9 +32,7 @@ g3d_Color Sound(g3d_Color color, g3d_PresetColorEnum fallback) {
 }
 
 g3d_Color ColorOf(const cow_String& name, g3d_PresetColorEnum fallback) {
-    const g3d_ColorMap& colors = g3d_ColorMap::Instance();
-    const bool isColor = *name.c_str() == '#' || colors.IsMember(name);
-    return isColor ? Sound(colors.ConstGet(name), fallback) : g3d_Color(fallback);
+    return annC_IsColor(name) ? Sound(g3d_ColorMap::Instance().ConstGet(name), fallback) : g3d_Color(fallback);
 }
 
 /// What annotations are drawn on.

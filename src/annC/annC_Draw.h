@@ -24,10 +24,10 @@ class g3d_Viewport;
 /// box or not. The reference point is a named or fractional place in it; a model point counts as its lower left corner.
 /// A rotation that is not finite counts as 0. Nothing is drawn for an empty text.
 ///
-/// For both: a colour that is no colour any more is white, as a background black. Enumerators that are not listed count
-/// as no head, SOLID, VERY_THIN, TRANSPARENT, LEFT. When an anchor has no pixel, or a point falls further than 1e9
-/// pixels from the screen's corner, nothing is drawn. So all numbers in the list are finite. Annotations of a host's
-/// own classes are not drawn.
+/// For both: a colour that is neither a name in g3d_ColorMap (any more) nor #RRGGBB is white, as a background black.
+/// Enumerators that are not listed count as no head, SOLID, VERY_THIN, TRANSPARENT, LEFT. When an anchor has no pixel,
+/// or a point falls further than 1e9 pixels from the screen's corner, nothing is drawn. So all numbers in the list are
+/// finite. Annotations of a host's own classes are not drawn.
 [[nodiscard]] ORV_EXPORT annC_DrawList annC_Draw(const annC_Annotation& annotation, const g3d_Camera& camera,
                                                  const g3d_Viewport& viewport, const annC_AnnotationClient& client);
 

@@ -13,7 +13,7 @@ public:
     using annC_IntObj::annC_IntObj;
 
     /// The command "translate": two required numbers, "dx" and "dy", move the text. Throws, and has changed nothing, as
-    /// the essay above tells; an offset that would not be finite is out of range.
+    /// annC_IntObj tells; an offset that would not be finite is out of range.
     void Translate(omu_Arguments& arguments);
 };
 

@@ -1,4 +1,5 @@
 #include <base/atr_String.h>
+#include <base/detail/atr_TakeCharacter.h>
 #include <base/detail/orv_PlainNumbers.h>
 #include <base/nex_PrimException.h>
 #include <base/nex_Throw.h>
@@ -14,34 +15,6 @@
 #include <utility>
 
 namespace {
-
-constexpr char32_t invalid = 0xFFFFFFFF;
-
-/// Takes one character off the front of `text`, which is not empty; of a malformed one the longest beginning of a
-/// well-formed character, but at least a byte, and gives `invalid` for it.
-char32_t TakeCharacter(std::string_view& text) {
-    const auto lead = static_cast<unsigned char>(text.front());
-    text.remove_prefix(1);
-    if (lead < 0x80) return lead;
-    if (lead < 0xC2 || lead > 0xF4) return invalid;
-
-    const int following = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    char32_t character = lead & (0x3Fu >> following);
-    // The first byte that follows has the narrower bounds that keep out overlong forms, surrogates and what lies above
-    // U+10FFFF.
-    unsigned low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    unsigned high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    for (int i = 0; i < following; ++i) {
-        if (text.empty()) return invalid;
-        const auto byte = static_cast<unsigned char>(text.front());
-        if (byte < low || byte > high) return invalid;
-        text.remove_prefix(1);
-        character = character << 6 | (byte & 0x3Fu);
-        low = 0x80;
-        high = 0xBF;
-    }
-    return character;
-}
 
 std::string ToLocale(std::string_view text) {
     std::string result;
@@ -59,7 +32,7 @@ std::string ToLocale(std::string_view text) {
         return true;
     };
     while (!text.empty())
-        if (!put(TakeCharacter(text))) put(U'?');
+        if (!put(atr_TakeCharacter(text))) put(U'?');
     if (put(U'\0')) result.pop_back();  // leaves a stateful encoding in its first state
     return result;
 }

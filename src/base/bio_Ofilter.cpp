@@ -2,6 +2,7 @@
 #include <base/detail/bio_Encoding.h>
 
 #include <bit>
+#include <limits>
 #include <new>
 #include <stdexcept>
 #include <utility>
@@ -43,8 +44,15 @@ void bio_Ofilter::Write(float value) noexcept { WriteScalar(value); }
 void bio_Ofilter::Write(double value) noexcept { WriteScalar(value); }
 
 void bio_Ofilter::Write(const cow_String& value) noexcept {
-    Write(value.Length());
-    WriteRaw(value.c_str(), static_cast<std::size_t>(value.Length()));
+    WriteCount(value.View().size());
+    WriteRaw(value.View().data(), value.View().size());
+}
+
+void bio_Ofilter::WriteCount(std::size_t count) noexcept {
+    if (count > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+        Fail("too long for a stream");
+    else
+        Write(static_cast<int>(count));
 }
 
 void bio_Ofilter::WriteBlock(std::span<const int> values) noexcept { WriteScalars(values); }
@@ -75,4 +83,6 @@ void bio_Ofilter::Hold(const std::shared_ptr<const void>& object) {
     if (object) _held.try_emplace(object.get(), object);
 }
 
-void bio_Ofilter::Forget(const void* object) noexcept { _numbers.erase(object); }
+void bio_Ofilter::Forget(const void* object) noexcept {
+    if (!_held.contains(object)) _numbers.erase(object);
+}

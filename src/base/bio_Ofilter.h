@@ -22,8 +22,9 @@
 /// | string                                              | `int` length, then its bytes                |
 ///
 /// Writing never throws, since collections write from destructors: a filter that cannot take more (out of memory, a
-/// string of 2 GiB or more, mementos nested too deeply) stops taking anything and says so by `Good()`. Objects are
-/// numbered within one filter: write a model through one filter.
+/// string or collection of 2^31 bytes or elements or more, mementos nested too deeply) stops taking anything, the
+/// length or count included, and says so by `Good()`. Objects are numbered within one filter: write a model through one
+/// filter.
 class ORV_EXPORT bio_Ofilter {
 public:
     bio_Ofilter() = default;
@@ -49,6 +50,8 @@ public:
     void Write(double value) noexcept;
     void Write(const cow_String& value) noexcept;
     void WriteRaw(const void* bytes, std::size_t size) noexcept;
+    /// A length or a count, as an `int`; stops the filter instead from 2^31 on.
+    void WriteCount(std::size_t count) noexcept;
 
     /// The values of a list one after the other, as one block where the machine's own layout is that of the stream.
     void WriteBlock(std::span<const int> values) noexcept;
@@ -67,7 +70,7 @@ public:
     /// is not given to another object meanwhile.
     void Hold(const std::shared_ptr<const void>& object);
     /// The address stands for that object no more; the next object at the same place gets a number of its own. For
-    /// objects that are written by value and may be gone before the next.
+    /// objects that are written by value and may be gone before the next. A held object keeps its number.
     void Forget(const void* object) noexcept;
 
 private:

@@ -8,9 +8,15 @@
 #include <base/orv_Export.h>
 
 #include <cstddef>
+#include <memory>
 
 class cls_MementoWrite;
 class cls_MementoRead;
+
+/// What `ReadObjPtr` (`shared` false) and `ReadObjCow` (true) do, for a memento at hand: an entry of a collection,
+/// or a root.
+[[nodiscard]] ORV_EXPORT std::shared_ptr<void> cls_MakeObject(const cls_MementoRead& memento, unsigned asClass,
+                                                              bool shared);
 
 /// Root of what stands behind the header of a collection's memento: the writers and readers of lists and maps, and
 /// the agent blob.
@@ -52,7 +58,8 @@ public:
     virtual void Write(const cow_Map<K, T>& values) = 0;
 };
 
-/// Objects in a list. Each call appends one entry and returns its memento to fill.
+/// Objects in a list. Each call appends one entry and returns its memento, to be filled before the next call: the same
+/// memento may then serve the next entry.
 class ORV_EXPORT cls_WriteListObj : public cls_Collection {
 public:
     /// An object of class `classId`; a shared one, with its address, which gives its number; no object.
@@ -110,6 +117,13 @@ public:
     virtual bool Next() = 0;
     /// The current entry; owned by the reader.
     [[nodiscard]] virtual const cls_MementoRead& MakeReadObj() const = 0;
+    /// The object of the current entry, as cls_MementoRead::ReadObjPtr and ReadObjCow give that of a field.
+    [[nodiscard]] std::shared_ptr<void> ReadObjPtr(unsigned asClass) const {
+        return cls_MakeObject(MakeReadObj(), asClass, false);
+    }
+    [[nodiscard]] std::shared_ptr<void> ReadObjCow(unsigned asClass) const {
+        return cls_MakeObject(MakeReadObj(), asClass, true);
+    }
     /// Number of entries; 1 for a list, the number of columns for a 2-D array.
     [[nodiscard]] virtual int Size() const = 0;
     [[nodiscard]] virtual int Columns() const = 0;
@@ -124,6 +138,13 @@ public:
     [[nodiscard]] virtual K ReadKey() const = 0;
     /// The current entry; owned by the reader.
     [[nodiscard]] virtual const cls_MementoRead& MakeReadObj() const = 0;
+    /// The object of the current entry, as cls_MementoRead::ReadObjPtr and ReadObjCow give that of a field.
+    [[nodiscard]] std::shared_ptr<void> ReadObjPtr(unsigned asClass) const {
+        return cls_MakeObject(MakeReadObj(), asClass, false);
+    }
+    [[nodiscard]] std::shared_ptr<void> ReadObjCow(unsigned asClass) const {
+        return cls_MakeObject(MakeReadObj(), asClass, true);
+    }
     /// Number of entries.
     [[nodiscard]] virtual int Size() const = 0;
 };

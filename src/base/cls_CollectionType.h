@@ -27,6 +27,11 @@ inline constexpr unsigned cls_AgentBlobClass = 0x230005;  ///< raw bytes
     return 0x230100U + static_cast<unsigned>(code);
 }
 
+/// The reverse; for a class that is no collection's it gives no code of the table.
+[[nodiscard]] constexpr cls_CollectionType cls_CollectionCode(unsigned classId) noexcept {
+    return static_cast<cls_CollectionType>(classId - 0x230100U);
+}
+
 /// Whether what was declared as `a` may be stored as `b`: the same, or list and 2-D array of the same element.
 [[nodiscard]] constexpr bool cls_CollectionsCompatible(cls_CollectionType a, cls_CollectionType b) noexcept {
     const auto isListOrArray = [](cls_CollectionType c) { return (c >= 50 && c <= 59) || (c >= 80 && c <= 89); };

@@ -11,7 +11,7 @@ class cls_FieldHandle {
 public:
     /// Refers to the caller's text, which must outlive it; null is the empty name.
     cls_FieldHandle(const char* name) noexcept : _name(name != nullptr ? name : "") {}
-    cls_FieldHandle(const cow_String& name) noexcept : _name(name.c_str(), static_cast<std::size_t>(name.Length())) {}
+    cls_FieldHandle(const cow_String& name) noexcept : _name(name.View()) {}
 
     /// The name.
     [[nodiscard]] std::string_view Name() const noexcept { return _name; }

@@ -29,6 +29,7 @@ std::shared_ptr<void> cls_MementoRead::ReadObj(const cls_FieldHandle& field, uns
 }
 
 std::shared_ptr<void> cls_MakeObject(const cls_MementoRead& memento, unsigned asClass, bool shared) {
+    if (memento.HasMisfit()) ThrowCannotBeMade();
     if (!memento.HasValue()) return nullptr;
 
     const unsigned classId = memento.ClassId();

@@ -41,7 +41,11 @@ public:
 
     /// False when the stream carried no fields here: no object, a field that nobody wrote, an unknown class.
     [[nodiscard]] virtual bool HasValue() const = 0;
-    /// The class that the stream tells, and the number of the object.
+    /// Whether here, or anywhere below the same root, a class came that does not derive from the expected one. Its
+    /// bytes were read as the expected one's, and so what lies behind them may be anything: fields can be asked for,
+    /// but no object is made of such a memento.
+    [[nodiscard]] virtual bool HasMisfit() const = 0;
+    /// The class that the stream tells, or the expected one where a misfit came, and the number of the object.
     [[nodiscard]] virtual unsigned ClassId() const = 0;
     [[nodiscard]] virtual bio_Marker getMarker() const = 0;
     /// The object made for this memento's number so far; null when none was.
@@ -49,7 +53,8 @@ public:
 
     /// A fresh object of the field's stored class, as a pointer to its part of class `asClass` (0: the class that the
     /// field is declared with); null when the stream carried none. Throws nex_StreamException ("class cannot be made
-    /// from a stream") for an unknown or abstract class and for one that does not derive from `asClass`.
+    /// from a stream") for an unknown or abstract class, for one that does not derive from `asClass`, and below a root
+    /// with a misfit.
     [[nodiscard]] std::shared_ptr<void> ReadObjPtr(const cls_FieldHandle& field, unsigned asClass = 0) const;
     /// The same, but one object for all references to one number.
     [[nodiscard]] std::shared_ptr<void> ReadObjCow(const cls_FieldHandle& field, unsigned asClass = 0) const;
@@ -61,11 +66,6 @@ public:
 private:
     [[nodiscard]] std::shared_ptr<void> ReadObj(const cls_FieldHandle& field, unsigned asClass, bool shared) const;
 };
-
-/// What `ReadObjPtr` (`shared` false) and `ReadObjCow` (true) do, for a memento at hand: an entry of a collection,
-/// or a root.
-[[nodiscard]] ORV_EXPORT std::shared_ptr<void> cls_MakeObject(const cls_MementoRead& memento, unsigned asClass,
-                                                              bool shared);
 
 /// The part of class `classId` in the memento of an object of that class or of one derived from it. Throws
 /// nex_StreamException when there is none.

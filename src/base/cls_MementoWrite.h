@@ -43,9 +43,9 @@ public:
     /// The part of the base class; null when the class declares another base or none.
     virtual cls_MementoWrite* MakeBaseWriteObj(unsigned classId) = 0;
 
-    /// The collection behind this memento's header, one at most (the first stays). `type` is a collection code of
-    /// the value type and chooses which `cls_WriteListPrim<T>`, `cls_WriteMapPrim<K, T>` is made; null for a code
-    /// without a writer.
+    /// The collection behind this memento's header, one at most (the first stays). `type` is the code of a list or 2-D
+    /// array of primitive values, of a map of them by whichever key, and tells which T the `cls_WriteListPrim<T>` or
+    /// `cls_WriteMapPrim<K, T>` has; null for any other code.
     virtual cls_Collection* MakeWriteListPrim(cls_CollectionType type, int columns) = 0;
     virtual cls_WriteListObj* MakeWriteListObj(int columns) = 0;
     virtual cls_Collection* MakeWriteMapInt2Prim(cls_CollectionType type) = 0;

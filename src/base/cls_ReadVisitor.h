@@ -22,11 +22,16 @@
 /// that is being initialised as its own fallback: it is not born yet.
 ///
 /// Throws nex_StreamException for an object of a wrong, unknown or abstract class and for an array whose values do
-/// not fill its rows. A stored enumeration comes back as the number stood, listed or not.
+/// not fill its rows. A stored enumeration comes back as the number stood, listed or not. An array of n x 0 comes back
+/// as 0 x 0, since a stream tells the number of values and of columns; one of 0 x n keeps its shape.
 class ORV_EXPORT cls_ReadVisitor {
 public:
-    /// Reads from a memento that must outlive it; from null everything reads as its fallback.
-    explicit cls_ReadVisitor(const cls_MementoRead* memento) noexcept : _memento(memento) {}
+    /// Reads from a memento that must outlive it; from null everything reads as its fallback. Throws
+    /// nex_StreamException for a memento below a root with a misfit.
+    explicit cls_ReadVisitor(const cls_MementoRead* memento) : _memento(memento) {
+        if (memento != nullptr && memento->HasMisfit())
+            nex_Throw(nex_StreamException("class cannot be made from a stream"));
+    }
 
     /// The field, which was registered as a V.
     template <class V>

@@ -43,7 +43,7 @@ public:
         if (!elements.empty()) _elements = cow_Shared(std::move(elements));
     }
 
-    /// Number of elements.
+    /// Number of elements; of 2^31 and more only `Span` tells it.
     [[nodiscard]] int Length() const noexcept { return static_cast<int>(Span().size()); }
 
     /// Throws nex_RangeException outside 0..Length-1, as every access by index here.

@@ -44,7 +44,7 @@ public:
     [[nodiscard]] const std::string& str() const noexcept;
     [[nodiscard]] std::string_view View() const noexcept { return _text ? std::string_view(*_text) : ""; }
 
-    /// Number of bytes, without the closing NUL.
+    /// Number of bytes, without the closing NUL; of a string of 2 GiB and more only `View` tells it.
     [[nodiscard]] int Length() const noexcept { return _text ? static_cast<int>(_text->size()) : 0; }
 
     /// The bytes of `a`, then those of `b`.

@@ -7,7 +7,7 @@ nex_CommandException* nex_CommandException::Copy() const { return new nex_Comman
 void nex_CommandException::Propagate() const { throw *this; }
 const char* nex_CommandException::PythonType() const { return "RuntimeError"; }
 atr_String nex_CommandException::JournalMessage(OrvBasStringMode mode) const {
-    return atr_String(what()).Convert(mode);
+    return atr_String(WholeMessage()).Convert(mode);
 }
 
 // ---- Persistence
@@ -19,7 +19,7 @@ void nex_CommandException::InitializeMetadata(cls_ClassRegistrar& registrar) {
 }
 
 void nex_CommandException::DBWrite(const cls_WriteVisitor& visitor) const {
-    visitor.Write("m_Message", cow_String(std::string_view(what())));
+    visitor.Write("m_Message", WholeMessage());
 }
 
 nex_CommandException::nex_CommandException(const cls_ReadVisitor& visitor)

@@ -22,7 +22,7 @@ public:
     /// Name of the exception type on the scripting side; static text. Here "RuntimeError".
     [[nodiscard]] virtual const char* PythonType() const;
 
-    /// The text for the user's journal, in the encoding of `mode`. Here the message.
+    /// The text for the user's journal, in the encoding of `mode`. Here the whole message.
     [[nodiscard]] virtual atr_String JournalMessage(OrvBasStringMode mode) const;
 
     // ---- Persistence: the message. A derived class that is registered as derived from this one persists as itself.

@@ -19,7 +19,7 @@ public:
     nex_Exception& operator=(const nex_Exception&) noexcept = default;
     ~nex_Exception() override;
 
-    /// The message alone, without the place.
+    /// The message alone, without the place, up to its first NUL.
     [[nodiscard]] const char* what() const noexcept override;
 
     /// Where nex_Throw was called; an empty file and line 0 for an exception that was not thrown by it.
@@ -34,6 +34,10 @@ public:
 
     /// The class identifier; 0 for the classes that have none, which are all that are not command exceptions.
     [[nodiscard]] virtual unsigned DynTypeId() const;
+
+protected:
+    /// The whole message, of which `what` shows what is before the first NUL.
+    [[nodiscard]] const cow_String& WholeMessage() const noexcept { return _message; }
 
 private:
     cow_String _message;

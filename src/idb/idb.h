@@ -2,6 +2,7 @@
 #define ORV_IDB_IDB_H
 
 #include <idb/idb_AgentBlob.h>
+#include <idb/idb_AgentProxy.h>
 #include <idb/idb_Dump.h>
 #include <idb/idb_MementoRead.h>
 #include <idb/idb_MementoWrite.h>

@@ -78,5 +78,5 @@ unsigned idb_AgentBlob::ReadDoubleArray(double* values, unsigned n) { return Rea
 
 unsigned idb_AgentBlob::Length() const { return _length; }
 bool idb_AgentBlob::NeedsDeletion() const { return _isForWriting; }
-void idb_AgentBlob::Seek(unsigned position) { _position = _isForWriting ? std::min(position, _length) : position; }
+void idb_AgentBlob::Seek(unsigned position) { _position = position; }
 void idb_AgentBlob::Abandon() noexcept { _out = nullptr; }

@@ -36,7 +36,7 @@ public:
     [[nodiscard]] unsigned Position() const noexcept { return _position; }
     /// True for a blob that is being written.
     [[nodiscard]] bool NeedsDeletion() const override;
-    /// Of a blob for writing, a position beyond the length becomes the length.
+    /// Any position. Beyond the length, the bytes between are zero once something is written there.
     void Seek(unsigned position) override;
     /// Forgets what was written.
     void Abandon() noexcept override;

@@ -56,7 +56,7 @@ public:
         if (!memento.HasValue()) return;
 
         const std::size_t block = memento.Start() + headerSize;
-        if (const cls_ClassMetadata* metadata = _registrar.Find(memento.ClassId()))
+        if (const cls_ClassMetadata* metadata = memento.Layout())
             Fields(memento, *metadata, block, indent + 1);
         else
             Collection(memento, block, indent + 1);

@@ -37,6 +37,27 @@ std::string TypeName(unsigned classId, const cls_ClassRegistrar& registrar) {
     return metadata == nullptr ? "unknown class" : metadata->Name().str();
 }
 
+const cls_ClassMetadata& StringLayout(unsigned classId) {
+    struct Layouts {
+        cls_ClassMetadata string{"", cls_StringClass, 0, cls_RootClass};
+        cls_ClassMetadata text{"", cls_TextClass, 0, cls_RootClass};
+        Layouts() {
+            string.Attribute("STRING", cls_StringAttribute);
+            text.Attribute("TRSTRING", cls_TextAttribute);
+        }
+    };
+    static const Layouts layouts;
+    return classId == cls_StringClass ? layouts.string : layouts.text;
+}
+
+/// Null for what has no fields: class 1, raw bytes, collections, and classes that nobody knows.
+const cls_ClassMetadata* LayoutOf(idb_ReadTree& tree, unsigned classId, cls_CollectionType collection) {
+    if (classId == cls_RootClass || classId == cls_AgentBlobClass) return nullptr;
+    const cls_ClassMetadata* known = tree.Find(classId);
+    const bool isString = classId == cls_StringClass || classId == cls_TextClass;
+    return isString && (known != nullptr || collection != 0) ? &StringLayout(classId) : known;
+}
+
 template <class Reader, class... A>
 idb_Owned<cls_Collection> MakeReader(idb_ReadTree& tree, A&&... arguments) {
     return idb_Owned<cls_Collection>(tree.Make<Reader>(std::forward<A>(arguments)...).release());
@@ -115,30 +136,34 @@ idb_MementoRead::idb_MementoRead(idb_ReadTree& tree, unsigned expectedClass, cls
 
 idb_MementoRead::~idb_MementoRead() = default;
 
-/// Settles which class this is.
-void idb_MementoRead::ReadHeader() {
+/// Settles which class this is. True when fields or a collection may follow.
+bool idb_MementoRead::ReadHeader() {
     unsigned readClass = 0;
+    bool withFields = false;
     Filter().Read(readClass);
+    Filter().Read(withFields);
     const bool isTaken = readClass == _classId || readClass == cls_RootClass || _classId == cls_AnyClass ||
-                         Registrar().Inherits(readClass, _classId) || typ_ArchCompTable::IsDerived(readClass, _classId);
+                         Registrar().Inherits(readClass, _classId) ||
+                         typ_ArchCompTable::IsDerived(readClass, _classId) ||
+                         cls_CollectionsCompatible(cls_CollectionCode(_classId), cls_CollectionCode(readClass));
     if (isTaken) {
         _classId = readClass;
-    } else if (_tree->IsFirstComplaint()) {
+    } else {
+        _tree->SetMisfit();
         std::fprintf(stderr, "Error constructing object for %x does not inherit from %x\n", readClass, _classId);
         std::fprintf(stderr, "Error constructing object for %s does not inherit from %s\n",
                      TypeName(readClass, Registrar()).c_str(), TypeName(_classId, Registrar()).c_str());
     }
+    return withFields && readClass != cls_RootClass;
 }
 
 void idb_MementoRead::Read(cls_CollectionType collection, int depth) {
     bio_Ifilter& in = Filter();
-    ReadHeader();
-    bool withFields = false;
-    in.Read(withFields);
-    if (!withFields || _classId == cls_RootClass) return;
+    if (!ReadHeader()) return;
 
-    const cls_ClassMetadata* metadata = _tree->Find(_classId);
-    if (metadata == nullptr && _classId != cls_AgentBlobClass && collection == 0) return;
+    const cls_ClassMetadata* metadata = LayoutOf(*_tree, _classId, collection);
+    const bool isKnown = metadata != nullptr || _classId == cls_RootClass || _classId == cls_AgentBlobClass;
+    if (!isKnown && collection == 0) return;
 
     _hasValue = true;
     const bio_Marker marker = in.LookUpMarker();
@@ -163,7 +188,7 @@ bool idb_MementoRead::SkipPlain(idb_ReadTree& tree) {
     in.Read(classId);
     in.Read(withFields);
     if (!withFields || classId == cls_RootClass) return true;
-    const cls_ClassMetadata* metadata = tree.Find(classId);
+    const cls_ClassMetadata* metadata = LayoutOf(tree, classId, 0);
     if (metadata == nullptr ? classId == cls_AgentBlobClass : !metadata->IsPlain()) {
         in.Seek(start);
         return false;
@@ -249,6 +274,7 @@ cls_Collection* idb_MementoRead::Collection() const { return _parts ? _parts->co
 cls_AgentBlob* idb_MementoRead::AgentBlob() const { return dynamic_cast<cls_AgentBlob*>(Collection()); }
 
 bool idb_MementoRead::HasValue() const { return _hasValue; }
+bool idb_MementoRead::HasMisfit() const { return _tree->HasMisfit(); }
 unsigned idb_MementoRead::ClassId() const { return _classId; }
 
 bio_Marker idb_MementoRead::getMarker() const {

@@ -19,6 +19,12 @@ namespace {
 constexpr const char* tooDeep = "stream nested too deeply";
 /// Class identifier, flag, object number. Room for it is kept before the fixed block, so that both go out in one piece.
 constexpr std::size_t headerSize = 9;
+
+/// The element's digit of a code that begins with one of two containers; 0 for another.
+constexpr int ElementOf(cls_CollectionType type, int container, int other) {
+    const int element = type % 10;
+    return type - element == container || type - element == other ? element : 0;
+}
 }  // namespace
 
 /// What most small objects do not have.
@@ -138,7 +144,7 @@ Writer* idb_MementoWrite::MakePending(A... arguments) {
 }
 
 cls_Collection* idb_MementoWrite::MakeWriteListPrim(cls_CollectionType type, int columns) {
-    switch (type % 10) {
+    switch (ElementOf(type, 50, 80)) {
         case 2:
             return MakePending<idb_WriteListPrim<double>>(&Filter(), columns);
         case 3:
@@ -158,7 +164,7 @@ cls_Collection* idb_MementoWrite::MakeWriteListPrim(cls_CollectionType type, int
 
 template <class K>
 cls_Collection* idb_MementoWrite::MakeMapPrim(cls_CollectionType type) {
-    switch (type % 10) {
+    switch (ElementOf(type, 60, 70)) {
         case 2:
             return MakePending<idb_WriteMapPrim<K, double>>(&Filter());
         case 3:

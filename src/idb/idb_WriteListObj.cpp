@@ -11,7 +11,7 @@ idb_WriteListObj::idb_WriteListObj(idb_WriteTree* tree, int columns, int depth)
 idb_WriteListObj::~idb_WriteListObj() {
     if (_isAbandoned) return;
     bio_Ofilter& out = _tree->GetFilter();
-    out.Write(_count);
+    out.WriteCount(_count);
     out.Write(_columns);
     std::size_t plainSize = 0;
     for (const Run& run : _runs) plainSize += run.size;

@@ -39,7 +39,7 @@ private:
     idb_WriteTree* _tree;
     int _columns;
     int _depth;
-    int _count = 0;
+    std::size_t _count = 0;
     bool _isAbandoned = false;
     idb_Owned<idb_MementoWrite> _current;
     std::vector<Run> _runs;

@@ -14,7 +14,7 @@ public:
     idb_WriteListPrim(bio_Ofilter* out, int columns) : _out(out), _columns(columns) {}
     ~idb_WriteListPrim() override {
         if (_out == nullptr) return;
-        _out->Write(_values.Length());
+        _out->WriteCount(_values.Span().size());
         _out->Write(_columns);
         if constexpr (std::is_arithmetic_v<T> && !std::is_same_v<T, bool>)
             _out->WriteBlock(_values.Span());
@@ -24,7 +24,7 @@ public:
 
     void Write(const T& value) override { _values.Append(value); }
     void Write(const T* values, int n) override {
-        _values.Reserve(_values.Length() + n);
+        if (_values.Span().empty()) _values.Reserve(n);  // later ones let it grow as it does
         for (int i = 0; i < n; ++i) _values.Append(values[i]);
     }
     void Write(const cow_List<T>& values) override {

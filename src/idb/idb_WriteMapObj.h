@@ -17,8 +17,8 @@ public:
     ~idb_WriteMapObj() override {
         if (_isAbandoned) return;
         bio_Ofilter& out = _tree->GetFilter();
-        out.Write(static_cast<int>(_entries.size()));
-        out.Write(static_cast<int>(_entries.size()));
+        out.WriteCount(_entries.size());
+        out.WriteCount(_entries.size());
         for (const auto& [key, entry] : _entries) {
             out.Write(key);
             entry->Flush();

@@ -4,6 +4,8 @@
 #include <base/bio_Ofilter.h>
 #include <base/cls_Collection.h>
 
+#include <iterator>
+
 /// A map from key to value. Written at destruction: count, count again, then (key, value) pairs in key order.
 template <class K, class T>
 class idb_WriteMapPrim final : public cls_WriteMapPrim<K, T> {
@@ -12,8 +14,9 @@ public:
     explicit idb_WriteMapPrim(bio_Ofilter* out) : _out(out) {}
     ~idb_WriteMapPrim() override {
         if (_out == nullptr) return;
-        _out->Write(_values.Length());
-        _out->Write(_values.Length());
+        const auto count = static_cast<std::size_t>(std::distance(_values.begin(), _values.end()));
+        _out->WriteCount(count);
+        _out->WriteCount(count);
         for (const auto& [key, value] : _values) {
             _out->Write(key);
             _out->Write(value);

@@ -1,3 +1,4 @@
+#include <base/detail/atr_TakeCharacter.h>
 #include <wip/wip_ConsoleReporter.h>
 
 #include <algorithm>
@@ -6,6 +7,7 @@
 #include <iostream>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #if defined(_WIN32)
@@ -30,18 +32,21 @@ std::string Duration(double seconds) {
     return text;
 }
 
-std::string Encoded(const atr_String& text, OrvBasStringMode mode) { return text.Convert(mode).c_str(); }
+std::string Encoded(const atr_String& text, OrvBasStringMode mode) { return text.Convert(mode).Text().str(); }
 
-/// So many characters: without those that do not fit, with blanks for control characters and at the end.
+/// So many characters: without those that do not fit, with blanks for control characters and at the end, and with '?'
+/// for what is no character.
 std::string Caption(const wip_Message& milestone, std::size_t columns) {
     std::string line;
-    for (const char byte : milestone.text.Text().View()) {
-        const auto code = static_cast<unsigned char>(byte);
-        if ((code & 0xC0U) != 0x80U) {  // begins a character
-            if (columns == 0) break;
-            --columns;
-        }
-        line += code < 0x20 || code == 0x7F ? ' ' : byte;
+    for (std::string_view rest = milestone.text.Text().View(); !rest.empty() && columns > 0; --columns) {
+        const std::string_view from = rest;
+        const char32_t character = atr_TakeCharacter(rest);
+        if (character == atr_invalidCharacter)
+            line += '?';
+        else if (character < 0x20 || (character >= 0x7F && character < 0xA0))
+            line += ' ';
+        else
+            line += from.substr(0, from.size() - rest.size());
     }
     line.append(columns, ' ');
     return Encoded(atr_String(cow_String(std::move(line))), milestone.mode);

@@ -23,7 +23,8 @@
 /// - Errors and warnings are printed after "Error: " or "Warning: "; landmarks, prints and displays as they are;
 ///   verbose messages not at all; those of facilities as wip_WipReporter routes them.
 ///
-/// The bar's line has 79 characters, counted as code points; control characters of the message become blanks there.
+/// The bar's line has 79 characters, counted as code points; control characters of the message, U+0080 to U+009F among
+/// them, become blanks there, and malformed ones '?' (atr_String).
 ///
 /// For the calls of one thread.
 class ORV_EXPORT wip_ConsoleReporter : public wip_MessageReporter {

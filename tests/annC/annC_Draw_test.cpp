@@ -222,6 +222,10 @@ TEST(Drawing, NothingIsNotFinite) {
     annC_Arrow arrow;  // its ends coincide
     EXPECT_TRUE(Drawn(arrow).Items().empty() && Drawn(annC_Text()).Items().empty());
     arrow.SetEndPointX(5.0);
+    for (const char* const color : {"White", "#ffffff", "no colour", "#", "#zz", "#gggggg", "#1234567"}) {
+        arrow.SetColor(color);
+        EXPECT_EQ(Items<annC_DrawSegment>(Drawn(arrow)).at(0).color, g3d_Color(g3d_White)) << color;
+    }
     arrow.SetStartGap(5.0);
     EXPECT_TRUE(Drawn(arrow).Items().empty());
 }

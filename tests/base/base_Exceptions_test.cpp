@@ -5,6 +5,7 @@
 #include <base/nex_RangeException.h>
 #include <base/nex_StreamException.h>
 #include <base/nex_Throw.h>
+#include <support/streams.h>
 
 #include <gtest/gtest.h>
 
@@ -54,6 +55,12 @@ TEST(base_CommandException, CarriesItsValueAndJournalsItsMessage) {
     EXPECT_EQ(NumberError(42).Value(), 42);
     EXPECT_STREQ(NumberError(42).what(), "");
     EXPECT_STREQ(text.PythonType(), "RuntimeError");
+
+    cls_ClassRegistrar registrar;
+    nex_CommandException::InitializeMetadata(registrar);
+    const nex_CommandException whole(cow_String(std::string("ab\0cd", 5)));
+    for (const nex_CommandException& each : {whole, RoundTrip(registrar, whole)})
+        EXPECT_EQ(each.JournalMessage(OrvBasStringMode(0)).Text().str(), std::string("ab\0cd", 5));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <gsl/gsl_PersistentMatrix.h>
 #include <idb/idb_Dump.h>
+#include <idb/idb_WriteListPrim.h>
 #include <support/streams.h>
 
 #include <gtest/gtest.h>
@@ -154,12 +155,61 @@ TEST_F(idb_Hostile, DepthIsBoundedBothWays) {
     EXPECT_THROW((void)idb_MementoRead(in, TestRegistrar(), cls_CollectionClass(1), 1), nex_StreamException);
 }
 
-TEST(idb_HostileOutput, ComplaintsComeOnceForARoot) {
-    std::string bytes = Written(TestRegistrar(), Everything::Filled());
-    for (std::size_t at = 0; (at = bytes.find(Int(Square::TypeId()), at)) != std::string::npos;)
-        bytes.replace(at, 4, Int(Small::TypeId()));
-    testing::internal::CaptureStderr();
-    EXPECT_THROW((void)ReadBack<Everything>(TestRegistrar(), bytes), nex_StreamException);
-    const std::string complaints = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::count(complaints.begin(), complaints.end(), '\n'), 2) << complaints;
+TEST(idb_Misfit, IsToldEachTimeAndNothingIsMadeBelowItsRoot) {
+    const cls_ClassRegistrar& r = TestRegistrar();
+    const std::string golden = Written(r, Everything::Filled());
+    std::string bytes = golden;
+    const auto put = [&bytes](unsigned expected, unsigned other) {
+        bytes.replace(bytes.find(Int(expected)), 4, Int(other));
+    };
+    const auto lines = [](const auto& read) {
+        testing::internal::CaptureStderr();
+        read();
+        const std::string complaints = testing::internal::GetCapturedStderr();
+        return std::count(complaints.begin(), complaints.end(), '\n');
+    };
+    const auto refused = [](const auto& make) { EXPECT_THROW((void)make(), nex_StreamException); };
+    put(cls_CollectionClass(82), cls_CollectionClass(52));  // the matrix as a list: compatible
+    put(cls_CollectionClass(52), cls_CollectionClass(82));
+    EXPECT_EQ(lines([&] { bytes = Written(r, ReadBack<Everything>(r, bytes)); }), 0);
+    EXPECT_EQ(bytes, golden);
+
+    bytes = golden;
+    const std::pair<unsigned, unsigned> misfits[] = {{cls_CollectionClass(52), cls_CollectionClass(54)},
+                                                     {Small::TypeId(), Link::TypeId()},
+                                                     {Everything::TypeId(), Small::TypeId()}};
+    for (std::ptrdiff_t told = 2; const auto& [expected, other] : misfits) {
+        put(expected, other);
+        EXPECT_EQ(told, lines([&] {
+                      bio_Ifilter in(bytes);
+                      const idb_MementoRead memento(in, r, Everything::TypeId());
+                      EXPECT_EQ(memento.Read("number", 0), -70000) << "fields can be asked for";
+                      EXPECT_EQ(in.Remaining(), 0U);
+                      refused([&] { return memento.ReadObjPtr("held"); });
+                      refused([&] { return memento.ReadObjCow("shape"); });
+                      EXPECT_TRUE(memento.MakeReadListObj("shapes")->Next());
+                      refused([&] { return memento.MakeReadListObj("shapes")->ReadObjPtr(Shape::TypeId()); });
+                      refused([&] { return Everything(cls_ReadVisitor(&memento)); });
+                  }));
+        EXPECT_EQ(told, lines([&] { refused([&] { return ReadBack<Everything>(r, bytes); }); }));
+        told += 2;
+    }
+    bytes = Written(r, Square(2.0));
+    put(Shape::TypeId(), Small::TypeId());  // its base part
+    bio_Ifilter in(bytes + Int(Small::TypeId()) + '\0');
+    EXPECT_EQ(lines([&] {
+                  refused([&] { return idb_ReadShared<Shape>(in, r); });
+                  refused([&] { return idb_ReadShared<Shape>(in, r); });
+              }),
+              4);
+}
+
+TEST(idb_Memory, GrowsWithThePiecesOfAList) {
+    bio_Ofilter out;
+    idb_WriteListPrim<double> list(&out, 1);
+    const double piece[3] = {};
+    allocated = 0;
+    for (int i = 0; i < 10000; ++i) list.Write(piece, 3);
+    EXPECT_LT(allocated, 10000 * sizeof piece * 4);
+    list.Abandon();
 }

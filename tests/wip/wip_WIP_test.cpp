@@ -126,10 +126,11 @@ TEST(wip_ConsoleReporter, DrawsABarOnATerminalOnly) {
         const std::string over = bar("[####################] 100%  -:-- elapsed  0:00 left  over");
         shows(0, "Job\n", -1, bar("[....................]   0%  0:00 elapsed  -:-- left  Job"));
         shows(0.25, "soon", 10, "");
-        shows(0.25, "due", 1, bar("[....................]   1%  0:00 elapsed  0:49 left  due"));
+        shows(0.25, "\xC2\x9B\x7F\x80\xC3", 1, bar("[....................]   1%  0:00 elapsed  0:49 left    ??"));
         shows(3725.5, "half", 50, half);
-        console.Warning("w", utf8);
-        shows(0, "half", 50, terminal ? bar("") + "\rWarning: w\n" + half : "Warning: w\n");
+        const std::string whole("w\0w", 3);
+        console.Warning(atr_String(cow_String(whole)), utf8);
+        shows(0, "half", 50, (terminal ? bar("") + "\rWarning: " + whole + "\n" + half : "Warning: " + whole + "\n"));
         shows(1e9, "over", 1000, over);
         shows(0, "", -1, terminal ? over + "\n" : "");
         for (int level = -1; level < 10; ++level) console.FacilityMessage("f", level, 1, 2, data, utf8);

@@ -98,6 +98,13 @@ std::unique_ptr<omu_Primitive> annC_MakeAnchor(const annC_AnchorHld& anchor) {
     return MakeTuple(coordinates);
 }
 
+bool annC_IsColor(const cow_String& color) {
+    const std::string_view text = color.View();
+    if (!text.starts_with('#')) return g3d_ColorMap::Instance().IsMember(color);
+    const auto isHexadecimal = [](unsigned char c) { return std::isxdigit(c) != 0; };
+    return text.size() == 7 && std::all_of(text.begin() + 1, text.end(), isHexadecimal);
+}
+
 // ---- Checks
 
 void annC_CheckNumber(const cow_String& keyword, double value, double lower, double upper) {
@@ -113,9 +120,5 @@ void annC_CheckAnchor(const cow_String& keyword, const annC_AnchorHld& anchor) {
 }
 
 void annC_CheckColor(const cow_String& color) {
-    const std::string_view text = color.View();
-    const auto isHexadecimal = [](unsigned char c) { return std::isxdigit(c) != 0; };
-    if (text.substr(0, 1) == "#" && (text.size() != 7 || !std::all_of(text.begin() + 1, text.end(), isHexadecimal)))
-        nex_Throw(g3d_ColorErrorException(color));
-    static_cast<void>(g3d_ColorMap::Instance().ConstGet(color));
+    if (!annC_IsColor(color)) nex_Throw(g3d_ColorErrorException(color));
 }

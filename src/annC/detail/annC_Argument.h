@@ -50,13 +50,16 @@ std::unique_ptr<omu_Primitive> annC_MakePoint(const std::array<double, 2>& point
 /// None for what cannot be read: no anchor, an anchor of a host's own class.
 std::unique_ptr<omu_Primitive> annC_MakeAnchor(const annC_AnchorHld& anchor);
 
+/// Whether it is '#' and six hexadecimal digits, or else a name in g3d_ColorMap.
+bool annC_IsColor(const cow_String& color);
+
 // ---- Checks. Each throws omu_RangeErrorException with the keyword; a NaN is out of every range.
 
 /// Within the limits, both inclusive.
 void annC_CheckNumber(const cow_String& keyword, double value, double lower, double upper);
 void annC_CheckFinite(const cow_String& keyword, std::span<const double> numbers);
 void annC_CheckAnchor(const cow_String& keyword, const annC_AnchorHld& anchor);
-/// Throws g3d_ColorErrorException for what is neither a name in g3d_ColorMap nor '#' and six hexadecimal digits.
+/// Throws g3d_ColorErrorException for what is no colour.
 void annC_CheckColor(const cow_String& color);
 
 #endif

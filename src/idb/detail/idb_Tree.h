@@ -54,8 +54,9 @@ public:
         return idb_Owned<T>(new (_memory.allocate(sizeof(T), alignof(T))) T(std::forward<A>(arguments)...));
     }
 
-    /// True the first time only: the lines about a wrong class are printed once for a root.
-    [[nodiscard]] bool IsFirstComplaint() noexcept { return !std::exchange(_hasComplained, true); }
+    /// Whether a class came somewhere in the tree that does not derive from the expected one.
+    [[nodiscard]] bool HasMisfit() const noexcept { return _hasMisfit; }
+    void SetMisfit() noexcept { _hasMisfit = true; }
 
 private:
     Filter& _filter;
@@ -63,7 +64,7 @@ private:
     const cls_ClassMetadata* _lastMetadata = nullptr;
     unsigned _lastId = 0;
     bool _hasLast = false;
-    bool _hasComplained = false;
+    bool _hasMisfit = false;
     std::pmr::monotonic_buffer_resource _memory;
 };
 
