@@ -37,8 +37,8 @@ public:
     /// Decomposes the matrix, unless that was done, and writes the solution; both arrays hold n numbers and may be the
     /// same one. False, and nothing written, the matrix neither, when there is no matrix or when a row has no element
     /// of at least 1e-14 in absolute value (a NaN is no such element). The pivot of a column is the element that is
-    /// greatest beside the largest of its row, the last of equal ones. A pivot below 1e-14 in absolute value is replaced
-    /// by 1e-14 and the result is true, x as large as it comes: ask `IsNearSingular`. Order 0 succeeds.
+    /// greatest beside the largest of its row, the last of equal ones. A pivot below 1e-14 in absolute value is
+    /// replaced by 1e-14 and the result is true, x as large as it comes: ask `IsNearSingular`. Order 0 succeeds.
     bool Solve(const double* b, double* x);
 
     /// A row was all but zero or a pivot was replaced, since `SetMatrix`.
