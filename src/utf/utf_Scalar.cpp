@@ -13,14 +13,6 @@ utf_Scalar<T>::utf_Scalar(res_DataTypeEnm kind, T* value, bool engineeringShear)
     : utf_EngineeringData<T>(kind, value, 1, engineeringShear) {}
 
 template <class T>
-utf_Scalar<T>::utf_Scalar(res_DataTypeEnm kind, const T* values, int count, bool engineeringShear)
-    : utf_EngineeringData<T>(kind, values, count, engineeringShear) {}
-
-template <class T>
-utf_Scalar<T>::utf_Scalar(res_DataTypeEnm kind, T* values, int count, bool engineeringShear)
-    : utf_EngineeringData<T>(kind, values, count, engineeringShear) {}
-
-template <class T>
 utf_Scalar<T>* utf_Scalar<T>::Copy() const {
     return new utf_Scalar(*this);
 }

@@ -17,8 +17,10 @@ public:
     /// Wraps the caller's number.
     utf_Scalar(res_DataTypeEnm kind, T* value, bool engineeringShear = false);
     /// The same with the number told, for those who treat all classes alike: below 1 there is none, and `value` is 0.
-    utf_Scalar(res_DataTypeEnm kind, const T* values, int count, bool engineeringShear = false);
-    utf_Scalar(res_DataTypeEnm kind, T* values, int count, bool engineeringShear = false);
+    template <class U>
+    requires std::is_same_v<std::remove_const_t<U>, T> utf_Scalar(res_DataTypeEnm kind, U* values, int count,
+                                                                  bool engineeringShear = false)
+        : utf_EngineeringData<T>(kind, values, count, engineeringShear) {}
     /// *A number here is the value, not a count.* A template so that a plain 0 is a number, not a pointer.
     template <class Number>
     requires std::is_arithmetic_v<Number> utf_Scalar(res_DataTypeEnm kind, Number value, bool engineeringShear = false)
