@@ -126,7 +126,7 @@ gsl_CoordTreeImpl::gsl_CoordTreeImpl(const gsl_CoordTreeImpl& other)
 }
 
 gsl_CoordTreeImpl& gsl_CoordTreeImpl::operator=(const gsl_CoordTreeImpl& other) {
-    DeepCopy(other);
+    if (this != &other) DeepCopy(other);
     return *this;
 }
 
@@ -590,7 +590,7 @@ int gsl_CoordTreeImpl::Remove(const gsl_Point& point, double tol, int index) {
         current = node->right != nullptr ? FindMinNode({node->right, node, below}, current.axis)
                                          : FindMaxNode({node->left, node, below}, current.axis);
     }
-    gsl_CoordTreePt moving = *current.node;
+    auto moving = static_cast<const gsl_CoordTreePt&>(*current.node);
     while (!chain.IsEmpty()) std::swap<gsl_CoordTreePt>(*chain.Pop(), moving);
     if (current.parent == nullptr) {
         Clear();
