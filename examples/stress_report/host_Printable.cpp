@@ -11,8 +11,8 @@ constexpr bool IsContinuation(char c) { return (static_cast<unsigned char>(c) & 
 std::size_t CharacterLength(std::string_view text) {
     const auto first = static_cast<unsigned char>(text[0]);
     const std::size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    if (first > 0xF4 || length > text.size()) return 0;
-    if (!std::ranges::all_of(text.substr(std::min<std::size_t>(length, 1), length - 1), IsContinuation)) return 0;
+    if (length == 0 || first > 0xF4 || length > text.size()) return 0;
+    if (!std::ranges::all_of(text.substr(1, length - 1), IsContinuation)) return 0;
     if (length < 3) return length;
     const auto second = static_cast<unsigned char>(text[1]);
     const bool isOverlong = (first == 0xE0 && second < 0xA0) || (first == 0xF0 && second < 0x90);

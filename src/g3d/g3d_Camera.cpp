@@ -54,12 +54,10 @@ bool IsFinite(const g3d_XForm& xform) noexcept {
 
 bool IsDirection(const g3d_Vector& v) noexcept { return IsFinite(v) && v != g3d_Vector(); }
 
-g3d_Vector UnitOr(g3d_Vector v, const g3d_Vector& fallback) noexcept {
+g3d_Vector Unit(g3d_Vector v) noexcept {
     v.Normalize();
-    return IsDirection(v) ? v : fallback;
+    return IsDirection(v) ? v : ZAxis();
 }
-
-g3d_Vector Unit(const g3d_Vector& v) noexcept { return UnitOr(v, ZAxis()); }
 
 // ---- Views
 
@@ -324,10 +322,8 @@ void g3d_Camera::SetLocation(const g3d_Point& eye, const g3d_Point& target, cons
     }
     g3d_Point from = eye;
     if (from == target) from.Z() *= 1.1F;
-    const g3d_Vector backward = from - target;
-    const auto isUseless = [&](const g3d_Vector& v) { return g3d_Cross(backward, v) == g3d_Vector(); };
     g3d_Vector upright = up == g3d_Vector() ? YAxis() : up;
-    if (isUseless(upright)) upright = upright.Y() > upright.Z() ? ZAxis() : YAxis();
+    if (g3d_Cross(from - target, upright) == g3d_Vector()) upright = upright.Y() > upright.Z() ? ZAxis() : YAxis();
     Place(from, target, upright);
 }
 

@@ -102,19 +102,22 @@ cow_List<unsigned> gsl_CoordTree::FindInBox(const gsl_BBox& box) const { return 
 
 void gsl_CoordTree::FindMany(std::span<const gsl_Point> points, double tol, std::span<int> indices) const {
     RequireRoom(indices.size(), points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) indices[i] = ForQuery(_impl).Find(points[i], tol);
+    const gsl_CoordTreeImpl& impl = ForQuery(_impl);
+    for (std::size_t i = 0; i < points.size(); ++i) indices[i] = impl.Find(points[i], tol);
 }
 
 void gsl_CoordTree::FindClosestMany(std::span<const gsl_Point> points, std::span<int> indices,
                                     std::span<double> distances) const {
     RequireRoom(distances.size(), points.size());
     RequireRoom(indices.size(), points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) indices[i] = ForQuery(_impl).FindClosest(points[i], &distances[i]);
+    const gsl_CoordTreeImpl& impl = ForQuery(_impl);
+    for (std::size_t i = 0; i < points.size(); ++i) indices[i] = impl.FindClosest(points[i], &distances[i]);
 }
 
 void gsl_CoordTree::FindClosestMany(std::span<const gsl_Point> points, std::span<int> indices) const {
     RequireRoom(indices.size(), points.size());
-    for (std::size_t i = 0; i < points.size(); ++i) indices[i] = ForQuery(_impl).FindClosest(points[i], nullptr);
+    const gsl_CoordTreeImpl& impl = ForQuery(_impl);
+    for (std::size_t i = 0; i < points.size(); ++i) indices[i] = impl.FindClosest(points[i], nullptr);
 }
 
 void gsl_CoordTree::DebugTree(bool print) const {
